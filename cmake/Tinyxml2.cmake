@@ -1,0 +1,14 @@
+# Defines tinyxml2::tinyxml2: from the library's own CMake package, else from pkg-config.
+
+find_package(tinyxml2 CONFIG QUIET)
+if(NOT TARGET tinyxml2::tinyxml2)
+    find_package(PkgConfig QUIET)
+    if(PKG_CONFIG_FOUND)
+        pkg_check_modules(tinyxml2 QUIET IMPORTED_TARGET tinyxml2)
+    endif()
+    if(NOT TARGET PkgConfig::tinyxml2)
+        message(FATAL_ERROR "tinyxml2 not found: install libtinyxml2-dev, or name its place in CMAKE_PREFIX_PATH")
+    endif()
+    add_library(tinyxml2::tinyxml2 INTERFACE IMPORTED)
+    target_link_libraries(tinyxml2::tinyxml2 INTERFACE PkgConfig::tinyxml2)
+endif()

@@ -1,0 +1,194 @@
+#pragma once
+
+#include <cstdarg>
+#include <cstdint>
+#include <istream>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <tinyxml2.h>
+
+namespace vemo::xml {
+
+class VisitorCallbacks;
+
+/// Selects the reading of a 32-bit attribute in decimal, octal (0...) or hexadecimal (0x...).
+struct unsigned_hex {
+    std::uint32_t value = 0;
+};
+
+/// The same with 64 bits.
+struct unsigned64_hex {
+    std::uint64_t value = 0;
+};
+
+/// Reads `text` as an unsigned number; the whole text must be one, beginning with a digit: no
+/// blanks, no sign. With base 0 the prefix of C decides (0x, 0, none). Stores into `*out` what the
+/// leading digits give, also when false is returned for what follows them; nothing when the text
+/// does not begin with a digit. A number too large is stored as the largest one and accepted.
+bool convert_to_unsigned(const char* text, std::uint32_t* out, int base);
+bool convert_to_unsigned64(const char* text, std::uint64_t* out, int base);
+
+/// Reads one blank-delimited word in the notation of base 0; sets failbit when it is no number.
+std::istream& operator>>(std::istream& stream, unsigned_hex& number);
+std::istream& operator>>(std::istream& stream, unsigned64_hex& number);
+
+/// Base of every schema reader: a visitor that the XML library walks over a document, or over a
+/// subtree that another visitor has handed to it.
+///
+/// It keeps the stack of open elements and the number of entries of each element path, and offers
+/// the checks, reports and typed attribute reads from which a reader is written. The first reported
+/// error sets `m_has_error`, and from then on every callback returns false, which ends the walk.
+///
+/// Operations with `n` and an ellipsis take `n` names as `const char*`.
+class BaseVisitor : public tinyxml2::XMLVisitor {
+public:
+    using XMLAttribute = tinyxml2::XMLAttribute;
+    using XMLDocument = tinyxml2::XMLDocument;
+    using XMLElement = tinyxml2::XMLElement;
+    using XMLNode = tinyxml2::XMLNode;
+
+    /// A root visitor. `callbacks` is not owned and may be null: then nothing is written anywhere,
+    /// but errors still end the walk.
+    BaseVisitor(VisitorCallbacks* callbacks, bool debug);
+
+    /// A child visitor: shares callbacks and debug switch of `parent` (not null), nothing else. Its
+    /// stack and counts start empty, with the element it is handed as their root.
+    explicit BaseVisitor(BaseVisitor* parent);
+
+    BaseVisitor(const BaseVisitor&) = delete;
+    BaseVisitor& operator=(const BaseVisitor&) = delete;
+    ~BaseVisitor() override = default;
+
+    bool VisitEnter(const XMLDocument& doc) override;
+    bool VisitExit(const XMLDocument& doc) override;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLElement& elem) override;
+    bool Visit(const tinyxml2::XMLDeclaration& declaration) override;
+    bool Visit(const tinyxml2::XMLText& text) override;
+    bool Visit(const tinyxml2::XMLComment& comment) override;
+    bool Visit(const tinyxml2::XMLUnknown& unknown) override;
+
+    /// Needs callbacks.
+    const char* get_source_name() const;
+
+    /// Passes `text` on to the callbacks when the debug switch is on.
+    void debug(const std::string& text) const;
+
+    /// The element path key: the names on the stack joined with "/", outermost first.
+    const std::string& get_elem_stack_key() const;
+
+    /// The count of the current path, inserted as 0 if absent.
+    unsigned& get_elem_stack_count_entry();
+
+    /// How many elements of the path of the given names were entered.
+    unsigned get_element_count(unsigned n, ...) const;
+    unsigned get_element_count_va(unsigned n, std::va_list names) const;
+
+    /// Whether the given names, outermost first, are exactly the ancestors of the current element.
+    bool check_element_stack(unsigned n, ...) const;
+    bool check_element_stack_va(unsigned n, std::va_list names) const;
+
+    /// Whether the given names are exactly the stack, the current element included.
+    bool check_element_stack_with_top(unsigned n, ...) const;
+    bool check_element_stack_with_top_va(unsigned n, std::va_list names) const;
+
+    static bool attribute_exists(const XMLElement& elem, const char* name);
+
+    // Reports. Each returns false after an error, having set `m_has_error`, and true when there was
+    // nothing to report. The texts carry the line of the node or attribute where one is known.
+
+    bool report_error(const XMLNode& node, const std::string& msg);
+    bool report_error(const XMLAttribute& attribute, const std::string& msg);
+    bool report_error(const std::string& msg);
+
+    /// A warning is no error: always true.
+    bool report_warning(const std::string& msg);
+
+    bool report_unexpected_elem(const XMLElement& elem, const std::string& msg);
+
+    /// Report the element as unexpected unless check_element_stack(n, ...) holds; in the second
+    /// form, check_element_stack_with_top(n, ...).
+    bool report_unexpected_elem_stack(const XMLElement& elem, unsigned n, ...);
+    bool report_unexpected_elem_stack_with_top(const XMLElement& elem, unsigned n, ...);
+
+    /// Reports that `elem` does not appear `min_count` to `max_count` times.
+    bool report_unexpected_elem_count_error(const XMLElement& elem, unsigned min_count,
+                                            unsigned max_count);
+
+    /// Check the number of elements of the given path. The report names `elem`, which is the parent
+    /// where a reader counts children: the wording is meant.
+    bool report_unexpected_elem_count(const XMLElement& elem, unsigned min_count,
+                                      unsigned max_count, unsigned n, ...);
+    bool report_unexpected_elem_count(const XMLElement& elem, unsigned count, unsigned n, ...);
+
+    /// Check the number of elements of the current path.
+    bool report_unexpected_elem_stack_count(const XMLElement& elem, unsigned min_count,
+                                            unsigned max_count);
+    bool report_unexpected_elem_stack_count(const XMLElement& elem, unsigned count);
+
+    /// Reported at the element.
+    bool report_missing_attr(const XMLElement& elem, const std::string& attr,
+                             const std::string& msg);
+
+    /// Reported at the attribute, or at the element when it has no such attribute.
+    bool report_attr_type_error(const XMLElement& elem, const std::string& attr,
+                                const std::string& msg);
+    bool report_attr_error(const XMLElement& elem, const std::string& attr, const std::string& msg);
+
+    /// Report every attribute that is not allowed, each with a text of its own. The result is
+    /// false as well when an earlier error had already set `m_has_error`.
+    bool report_unexpected_attrs(const XMLElement& elem, const std::vector<std::string>& allowed);
+    bool report_unexpected_attrs(const XMLElement& elem, unsigned n, ...);
+    bool report_unexpected_attrs(const XMLElement& elem, unsigned n, const char** allowed);
+
+    // Flags of query_attribute.
+    static constexpr bool REPORT = true;
+    static constexpr bool REQUIRED = true;
+    static constexpr bool OPTIONAL = false;
+
+    /// Reads an attribute into `*value`. True when it was read; false when it is absent or its text
+    /// is no T. With `report` an ill-typed attribute is reported, and a missing one if `required`.
+    ///
+    /// T is one of std::string, unsigned (decimal), int, float, bool (the last three as the XML
+    /// library reads them), unsigned_hex and unsigned64_hex (blanks before the number are skipped,
+    /// blanks behind it are not accepted).
+    template <typename T>
+    bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
+                         bool required);
+
+protected:
+    /// Whether the current element is the one that the walk started on.
+    bool is_root_of_walk() const { return m_elem_stack.size() == 1; }
+
+    /// Lets `child` walk the subtree of `elem` and takes over its outcome. True when no error is
+    /// set.
+    bool walk_with(const XMLElement& elem, BaseVisitor* child);
+
+    /// Hands the subtree of `elem` to a new Child(this, model). Always false: the child has walked
+    /// the subtree, this visitor must not walk it again.
+    template <typename Child, typename Model>
+    bool delegate(const XMLElement& elem, Model* model) {
+        Child child(this, model);
+        walk_with(elem, &child);
+        return false;
+    }
+
+    bool m_has_error = false;
+
+private:
+    template <typename IsAllowed>
+    bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed);
+    void report_located_error(int line, const std::string& msg);
+    bool is_lowest_on_stack(unsigned n, std::va_list names) const;
+
+    std::vector<std::string_view> m_elem_stack;  // the names live in the document
+    std::string m_elem_stack_key;                // of m_elem_stack, kept up to date with it
+    bool m_debug;
+    std::map<std::string, unsigned> m_elem_counts;
+    VisitorCallbacks* m_callbacks;  // not owned, may be null
+};
+
+}  // namespace vemo::xml

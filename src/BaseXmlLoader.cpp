@@ -1,0 +1,111 @@
+#include "BaseXmlLoader.h"
+
+#include <fcntl.h>
+
+#include "Assert.h"
+
+namespace vemo::xml {
+namespace {
+
+constexpr const char* MEMORY_SOURCE_NAME = "[mem]";
+
+/// Opens a file for reading, without waiting for anybody: a pipe that nobody writes to, which the
+/// library could not read anyway, would otherwise stop the run. Null when it cannot be opened.
+std::FILE* open_file(const char* filename) {
+    const int fd = open(filename, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    return fd == -1 ? nullptr : fdopen(fd, "rb");
+}
+
+tinyxml2::XMLError load(tinyxml2::XMLDocument* doc, const char* filename) {
+    std::FILE* file = open_file(filename);
+    if (file == nullptr) {
+        return doc->LoadFile(filename);  // words the failure
+    }
+    const tinyxml2::XMLError result = doc->LoadFile(file);
+    std::fclose(file);
+    return result;
+}
+
+}  // namespace
+
+tinyxml2::XMLDocument* BaseXmlLoader::parse_file(const char* filename) {
+    VEMO_ASSERT(filename != NULL);
+    m_source_name = filename;
+    reset_errors();
+
+    auto doc = std::make_unique<tinyxml2::XMLDocument>();
+    if (load(doc.get(), filename) != tinyxml2::XML_SUCCESS || doc->Error()) {
+        std::printf("ERROR FOUND: %s\n", doc->ErrorName());
+        set_last_error(doc.get());
+        return nullptr;
+    }
+    return doc.release();
+}
+
+tinyxml2::XMLDocument* BaseXmlLoader::parse_xml(const char* xml) {
+    VEMO_ASSERT(xml != NULL);
+    m_source_name = MEMORY_SOURCE_NAME;
+    reset_errors();
+
+    auto doc = std::make_unique<tinyxml2::XMLDocument>();
+    doc->Parse(xml);
+    if (doc->Error()) {
+        set_last_error(doc.get());
+        return nullptr;
+    }
+    return doc.release();
+}
+
+void BaseXmlLoader::report_error(const std::string& text) { m_errors.push_back(text); }
+
+void BaseXmlLoader::report_warning(const std::string& text) { m_warnings.push_back(text); }
+
+const char* BaseXmlLoader::get_source_name() const { return m_source_name; }
+
+void BaseXmlLoader::debug(const std::string& text) { std::fputs(text.c_str(), stderr); }
+
+void BaseXmlLoader::reset_errors() {
+    m_errors.clear();
+    m_warnings.clear();
+}
+
+unsigned BaseXmlLoader::get_num_errors() const { return static_cast<unsigned>(m_errors.size()); }
+
+unsigned BaseXmlLoader::get_num_warnings() const {
+    return static_cast<unsigned>(m_warnings.size());
+}
+
+const std::string& BaseXmlLoader::get_error(unsigned index) const {
+    VEMO_ASSERT(index < m_errors.size());
+    return m_errors[index];
+}
+
+const std::string& BaseXmlLoader::get_warning(unsigned index) const {
+    VEMO_ASSERT(index < m_warnings.size());
+    return m_warnings[index];
+}
+
+void BaseXmlLoader::set_last_error(tinyxml2::XMLDocument* doc) {
+    std::string text = std::string("XML error: ") + doc->ErrorName();
+    if (const char* detail = doc->ErrorStr()) {
+        text += std::string(", ") + detail;
+    }
+    report_error(text + "\n");
+}
+
+std::string BaseXmlLoader::doc_to_string(tinyxml2::XMLDocument* doc) {
+    VEMO_ASSERT(doc != NULL);
+    PrettyPrinter printer;
+    doc->Accept(&printer);
+    return printer.CStr();
+}
+
+PrettyPrinter::PrettyPrinter(std::FILE*, bool, int) : XMLPrinter(nullptr, false, 0) {}
+
+void PrettyPrinter::PrintSpace(int depth) {
+    for (int level = 0; level < depth; ++level) {
+        Print("  ");
+    }
+}
+
+}  // namespace vemo::xml

@@ -1,0 +1,12 @@
+#include "BoardSpec/HostConfig.h"
+
+#include "Assert.h"
+
+namespace vemo::board {
+
+void HostConfig::set_kernel_config_size(unsigned size) {
+    VEMO_ASSERT(size > 0);
+    m_kernel_config_size = size;
+}
+
+}  // namespace vemo::board

@@ -1,0 +1,21 @@
+#include "BoardSpec/InterfaceList.h"
+
+#include "Assert.h"
+#include "Ownership.h"
+
+namespace vemo::board {
+
+InterfaceList::~InterfaceList() { clean_ptr_container(m_interfaces); }
+
+void InterfaceList::add_interface(Interface* intf) {
+    VEMO_ASSERT(intf != NULL);
+    m_interfaces.push_back(intf);
+}
+
+const Interface& InterfaceList::get_intf(unsigned i) const {
+    VEMO_ASSERT(i < m_interfaces.size());
+    VEMO_ASSERT(m_interfaces[i] != NULL);
+    return *m_interfaces[i];
+}
+
+}  // namespace vemo::board

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include "BoardSpec/Interface.h"
+
+namespace vemo::board {
+
+/// Owner of interfaces in the order added: what a global memory, the kernel interfaces and the
+/// channels have in common.
+class InterfaceList {
+public:
+    InterfaceList(const InterfaceList&) = delete;
+    InterfaceList& operator=(const InterfaceList&) = delete;
+
+    /// Appends `intf`, which must not be null, and takes ownership of it.
+    void add_interface(Interface* intf);
+
+    /// Interface by index, which must be below the number of interfaces.
+    const Interface& get_intf(unsigned i) const;
+    unsigned get_num_intfs() const { return static_cast<unsigned>(m_interfaces.size()); }
+    const std::vector<Interface*>& get_interfaces() const { return m_interfaces; }
+
+protected:
+    InterfaceList() = default;
+    ~InterfaceList();  // destroys the interfaces
+
+    std::vector<Interface*> m_interfaces;
+};
+
+}  // namespace vemo::board

@@ -1,0 +1,20 @@
+#include "BoardSpecXml/BoardSpecXmlLoader.h"
+
+#include "BoardSpecXml/BoardVisitor.h"
+
+namespace vemo::board {
+
+BoardSpecXmlLoader::BoardSpecXmlLoader(bool debug, bool skip_overlap)
+    : m_debug(debug), m_skip_overlap(skip_overlap) {}
+
+BoardSpec* BoardSpecXmlLoader::load_file(const char* filename) {
+    return load_board_spec(parse_file(filename));
+}
+
+BoardSpec* BoardSpecXmlLoader::load_xml(const char* xml) { return load_board_spec(parse_xml(xml)); }
+
+BoardSpec* BoardSpecXmlLoader::load_board_spec(tinyxml2::XMLDocument* doc) {
+    return load_document<BoardSpec, xml::BoardVisitor>(doc, m_debug, m_skip_overlap);
+}
+
+}  // namespace vemo::board

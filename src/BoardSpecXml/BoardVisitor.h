@@ -1,0 +1,41 @@
+#pragma once
+
+#include "BaseVisitor.h"
+#include "BoardSpec/BoardSpec.h"
+
+namespace vemo::board::xml {
+
+/// Reads a board_spec.xml document into a BoardSpec: `board` itself, each section below it through
+/// a visitor of its own, and the rules that span sections at the end of the document.
+class BoardVisitor : public vemo::xml::BaseVisitor {
+public:
+    /// Fills `spec`, which is not owned and must not be null. With `skip_overlap`, global memories
+    /// may overlap.
+    BoardVisitor(BoardSpec* spec, vemo::xml::VisitorCallbacks* callbacks, bool debug,
+                 bool skip_overlap);
+
+    using BaseVisitor::VisitEnter;
+    using BaseVisitor::VisitExit;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLDocument& doc) override;
+
+private:
+    bool visit_board_elem(const XMLElement& elem);
+    bool visit_device_elem(const XMLElement& elem);
+    bool visit_compile_elem(const XMLElement& elem);
+    bool visit_global_mem_elem(const XMLElement& elem);
+    bool visit_host_elem(const XMLElement& elem);
+    bool visit_channels_elem(const XMLElement& elem);
+    bool visit_interfaces_elem(const XMLElement& elem);
+
+    /// Whether the section stands directly under `board`; in the second form, for the first time.
+    bool check_section(const XMLElement& elem);
+    bool check_single_section(const XMLElement& elem);
+
+    bool check_compile_configs();
+
+    BoardSpec* m_spec;
+    bool m_skip_overlap;
+};
+
+}  // namespace vemo::board::xml

@@ -1,0 +1,80 @@
+#include "BoardSpecXml/ChannelsVisitor.h"
+
+#include <memory>
+#include <string_view>
+#include <unordered_set>
+
+#include "Assert.h"
+#include "BoardSpecXml/InterfaceVisitor.h"
+
+namespace vemo::board::xml {
+
+ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
+    : BaseVisitor(parent), m_spec(spec) {
+    VEMO_ASSERT(spec != NULL);
+}
+
+bool ChannelsVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == "channels") {
+        return visit_channels_elem(elem);
+    }
+    if (name == "interface") {
+        return visit_interface_elem(elem);
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool ChannelsVisitor::visit_channels_elem(const XMLElement& elem) {
+    if (report_unexpected_elem_stack(elem, 0) && report_unexpected_attrs(elem, 0)) {
+        VEMO_ASSERT(!m_spec->has_channel_config());
+        m_spec->set_channel_config(new ChannelConfig);
+    }
+    return !m_has_error;
+}
+
+bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
+    if (!report_unexpected_elem_stack(elem, 1, "channels")) {
+        return !m_has_error;
+    }
+    for (const char* name : {"name", "port", "type", "width", "chan_id"}) {
+        if (!attribute_exists(elem, name)) {
+            return report_missing_attr(elem, name, "");
+        }
+    }
+    InterfaceVisitor reader(this);
+    if (!walk_with(elem, &reader)) {
+        return false;
+    }
+    std::unique_ptr<Interface> intf(reader.release_intf());
+    if (intf->get_type() != Interface::StreamSource && intf->get_type() != Interface::StreamSink) {
+        return report_error(elem, "Channel interface must be a stream.");
+    }
+    m_spec->get_channel_config().add_interface(intf.release());
+    // True: this visitor walks the children as well, and a `port` among them is one it does not
+    // expect. A channel names its port by attribute.
+    return !m_has_error;
+}
+
+bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
+    if (!m_has_error && elem.Value() == std::string_view("channels") && !check_channel_ids(elem)) {
+        return false;
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
+    std::unordered_set<std::string_view> seen;
+    for (const Interface* intf : m_spec->get_channel_config().get_interfaces()) {
+        if (intf->chan_id.empty()) {
+            return report_error(elem, "Empty channel ID name.");
+        }
+        if (!seen.insert(intf->chan_id).second) {
+            return report_error(elem, "Two or more channels share the same channel ID.");
+        }
+    }
+    return true;
+}
+
+}  // namespace vemo::board::xml

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "BaseVisitor.h"
+#include "BoardSpec/BoardSpec.h"
+
+namespace vemo::board::xml {
+
+/// Reads `channels`: the streaming interfaces of the board.
+class ChannelsVisitor : public vemo::xml::BaseVisitor {
+public:
+    /// Fills `spec`, which is not owned and must not be null.
+    ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec);
+
+    using BaseVisitor::VisitEnter;
+    using BaseVisitor::VisitExit;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLElement& elem) override;
+
+private:
+    bool visit_channels_elem(const XMLElement& elem);
+    bool visit_interface_elem(const XMLElement& elem);
+    bool check_channel_ids(const XMLElement& elem);
+
+    BoardSpec* m_spec;
+};
+
+}  // namespace vemo::board::xml

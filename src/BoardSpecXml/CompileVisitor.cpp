@@ -1,0 +1,178 @@
+#include "BoardSpecXml/CompileVisitor.h"
+
+#include <iterator>
+#include <string_view>
+
+#include "Assert.h"
+#include "WordTable.h"
+
+namespace vemo::board::xml {
+namespace {
+
+// Two general settings, then the reference board platforms.
+constexpr const char* PLATFORM_TYPES[] = {"none",     "auto",     "pb_net", "dbsoc",
+                                          "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
+                                          "tsk_pcie", "ocsoc",    "pc_ref"};
+
+constexpr const char* FALSE_WORDS[] = {"false", "0"};
+constexpr const char* TRUE_WORDS[] = {"", "true", "1"};
+
+}  // namespace
+
+CompileVisitor::CompileVisitor(BaseVisitor* parent, BoardSpec* spec)
+    : BaseVisitor(parent), m_spec(spec) {
+    VEMO_ASSERT(spec != NULL);
+}
+
+bool CompileVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == "compile") {
+        return visit_compile_elem(elem);
+    }
+    // A second one in a flow of 17.0 or later is a broken invariant, wherever it stands: these
+    // come before the checks of position.
+    if (name == "auto_migrate") {
+        VEMO_ASSERT(!m_config->has_automigrate());
+        return visit_auto_migration_elem(elem);
+    }
+    if (name == "generate") {
+        VEMO_ASSERT(!m_config->has_generate());
+        return visit_generate_elem(elem);
+    }
+    if (name == "synthesize") {
+        VEMO_ASSERT(!m_config->has_synthesis());
+        return visit_synthesize_elem(elem);
+    }
+    if (check_element_stack(2, "compile", "auto_migrate")) {
+        return visit_auto_migration_single_elem(elem);
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
+    if (!(report_unexpected_elem_stack(elem, 0)
+          && report_unexpected_attrs(elem, 5, "project", "revision", "lomb_file", "generic_kernel",
+                                     "name"))) {
+        return !m_has_error;
+    }
+    m_config = new CompileConfig;
+    if (!has_unnamed_flows()) {
+        m_config->name.clear();
+        query_attribute(elem, "name", &m_config->name, REPORT, REQUIRED);
+    }
+    m_spec->set_compile_config(m_config, m_config->name);
+
+    if (!m_has_error && query_attribute(elem, "project", &m_config->project, REPORT, REQUIRED)
+        && query_attribute(elem, "revision", &m_config->revision, REPORT, REQUIRED)
+        && query_attribute(elem, "lomb_file", &m_config->lomb_file, REPORT, REQUIRED)) {
+        query_attribute(elem, "generic_kernel", &m_config->generic_kernel, REPORT, REQUIRED);
+    }
+    return !m_has_error;
+}
+
+bool CompileVisitor::visit_generate_elem(const XMLElement& elem) {
+    return read_command(elem, &m_config->generate_cmd, &m_config->generate_additional_args);
+}
+
+bool CompileVisitor::visit_synthesize_elem(const XMLElement& elem) {
+    return read_command(elem, &m_config->synthesize_cmd, &m_config->synthesize_additional_args);
+}
+
+bool CompileVisitor::read_command(const XMLElement& elem, std::string* cmd, bool* additional_args) {
+    std::string text;
+    if (report_unexpected_elem_stack(elem, 1, "compile")
+        && report_unexpected_attrs(elem, 2, "cmd", "additional_args")
+        && query_attribute(elem, "cmd", cmd, REPORT, REQUIRED)
+        && query_attribute(elem, "additional_args", &text, REPORT, OPTIONAL)) {
+        *additional_args = has_additional_args(elem, text);
+    }
+    return !m_has_error;
+}
+
+bool CompileVisitor::has_additional_args(const XMLElement& elem, const std::string& text) {
+    if (index_of_word(TRUE_WORDS, text) < std::size(TRUE_WORDS)) {
+        return true;
+    }
+    if (index_of_word(FALSE_WORDS, text) == std::size(FALSE_WORDS)) {
+        report_attr_error(elem, "additional_args",
+                          "additional_args must be a boolean (true or false) or unspecified.");
+    }
+    return false;
+}
+
+bool CompileVisitor::visit_auto_migration_elem(const XMLElement& elem) {
+    std::string platform_type;
+    if (report_unexpected_elem_stack(elem, 1, "compile")
+        && report_unexpected_attrs(elem, 1, "platform_type")
+        && query_attribute(elem, "platform_type", &platform_type, REPORT, REQUIRED)) {
+        m_config->automigrate_type = platform_type;
+    }
+    // Made after a failure, too: then the type is empty, and a second message follows the first.
+    if (index_of_word(PLATFORM_TYPES, platform_type) == std::size(PLATFORM_TYPES)) {
+        return report_error(elem, "Board auto migration platform_type is invalid");
+    }
+    return !m_has_error;
+}
+
+bool CompileVisitor::visit_auto_migration_single_elem(const XMLElement& elem) {
+    std::string fixes;
+    if (!(report_unexpected_elem_stack(elem, 2, "compile", "auto_migrate")
+          && report_unexpected_attrs(elem, 1, "fixes")
+          && query_attribute(elem, "fixes", &fixes, REPORT, REQUIRED))) {
+        return !m_has_error;
+    }
+    const std::string_view name = elem.Value();
+    if (name == "include") {
+        m_config->automigrate_include = fixes;
+    } else if (name == "exclude") {
+        m_config->automigrate_exclude = fixes;
+    } else {
+        return report_unexpected_elem(elem, "");
+    }
+    return !m_has_error;
+}
+
+bool CompileVisitor::VisitExit(const XMLElement& elem) {
+    if (!m_has_error) {
+        if (has_unnamed_flows()) {
+            if (!leave_unnamed_flow_elem(elem)) {
+                return false;
+            }
+        } else {
+            leave_named_flow_elem(elem);
+        }
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+bool CompileVisitor::has_unnamed_flows() const { return m_spec->version < BoardSpec::Version_17_0; }
+
+bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
+    const std::string_view name = elem.Value();
+    if (name == "compile" && m_spec->version < BoardSpec::Version_14_1) {
+        return report_error(elem, "Compile not supported in this version.");
+    }
+    if (name == "auto_migrate") {
+        return report_unexpected_elem_count(elem, 1, 3, "compile", "auto_migrate", "include")
+               && report_unexpected_elem_count(elem, 1, 3, "compile", "auto_migrate", "exclude");
+    }
+    return true;
+}
+
+void CompileVisitor::leave_named_flow_elem(const XMLElement& elem) {
+    const std::string_view name = elem.Value();
+    CompileConfig* compile_config = m_config;
+    if (name == "auto_migrate") {
+        compile_config->automigrate_present = true;
+    } else if (name == "generate") {
+        compile_config->generate_present = true;
+    } else if (name == "synthesize") {
+        compile_config->synthesis_present = true;
+    } else if (name == "compile") {
+        VEMO_ASSERT(compile_config->has_automigrate() && compile_config->has_generate()
+                    && compile_config->has_synthesis());
+    }
+}
+
+}  // namespace vemo::board::xml

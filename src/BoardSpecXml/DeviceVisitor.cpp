@@ -1,0 +1,100 @@
+#include "BoardSpecXml/DeviceVisitor.h"
+
+#include <string_view>
+
+#include "Assert.h"
+
+namespace vemo::board::xml {
+
+DeviceVisitor::DeviceVisitor(BaseVisitor* parent, BoardSpec* spec)
+    : BaseVisitor(parent), m_spec(spec) {
+    VEMO_ASSERT(spec != NULL);
+}
+
+bool DeviceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == "device") {
+        return visit_device_elem(elem);
+    }
+    if (name == "used_resources") {
+        return visit_used_resources_elem(elem);
+    }
+    if (check_element_stack(2, "device", "used_resources")) {
+        return visit_used_resources_single_elem(elem);
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool DeviceVisitor::visit_device_elem(const XMLElement& elem) {
+    if (!(report_unexpected_elem_stack(elem, 0) && report_unexpected_elem_stack_count(elem, 1)
+          && report_unexpected_attrs(elem, 1, "device_model"))) {
+        return !m_has_error;
+    }
+    VEMO_ASSERT(!m_spec->has_device_config());
+    auto* dev_config = new DeviceConfig;
+    m_spec->set_device_config(dev_config);
+    query_attribute(elem, "device_model", &dev_config->device_model, REPORT, REQUIRED);
+    return !m_has_error;
+}
+
+bool DeviceVisitor::visit_used_resources_elem(const XMLElement& elem) {
+    if (report_unexpected_elem_stack(elem, 1, "device")
+        && report_unexpected_elem_stack_count(elem, 1) && report_unexpected_attrs(elem, 0)) {
+        DeviceConfig& dev_config = m_spec->get_device_config();
+        VEMO_ASSERT(!dev_config.has_used_resources());
+        dev_config.set_used_resources(new dmodel::DeviceResources);
+    }
+    return !m_has_error;
+}
+
+bool DeviceVisitor::visit_used_resources_single_elem(const XMLElement& elem) {
+    unsigned num = 0;
+    if (!(report_unexpected_elem_stack(elem, 2, "device", "used_resources")
+          && report_unexpected_elem_stack_count(elem, 1) && report_unexpected_attrs(elem, 1, "num")
+          && query_attribute(elem, "num", &num, REPORT, REQUIRED))) {
+        return !m_has_error;
+    }
+    const std::string_view name = elem.Value();
+    dmodel::DeviceResources& resources = m_spec->get_device_config().get_used_resources();
+    if (name == "alms") {
+        resources.LEs = 2 * num;  // an ALM counts as two logic elements
+    } else if (name == "les") {
+        resources.LEs = num;
+    } else if (name == "ffs") {
+        resources.FFs = num;
+    } else if (name == "dsps") {
+        resources.DSPs = num;
+    } else if (name == "rams") {
+        resources.RAMs = num;
+    } else {
+        return report_unexpected_elem(elem, "");
+    }
+    return !m_has_error;
+}
+
+bool DeviceVisitor::VisitExit(const XMLElement& elem) {
+    const std::string_view name = elem.Value();
+    if (!m_has_error && name == "used_resources" && !check_used_resources(elem)) {
+        return false;
+    }
+    if (!m_has_error && name == "device" && !m_spec->get_device_config().has_used_resources()) {
+        return report_error(elem, "Used device resources (<used_resources>) must be defined.");
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+bool DeviceVisitor::check_used_resources(const XMLElement& elem) {
+    for (const char* name : {"ffs", "dsps", "rams"}) {
+        if (!report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", name)) {
+            return false;
+        }
+    }
+    // Logic is given as LEs or as ALMs. Both are accepted: the later one in the file has won.
+    const unsigned num_les = get_element_count(3, "device", "used_resources", "les");
+    const unsigned num_alms = get_element_count(3, "device", "used_resources", "alms");
+    return num_les + num_alms == 1
+           || report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", "alms");
+}
+
+}  // namespace vemo::board::xml

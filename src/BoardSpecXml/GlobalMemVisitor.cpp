@@ -1,0 +1,141 @@
+#include "BoardSpecXml/GlobalMemVisitor.h"
+
+#include <iterator>
+#include <memory>
+#include <string_view>
+
+#include "Assert.h"
+#include "BoardSpecXml/InterfaceVisitor.h"
+#include "WordTable.h"
+
+namespace vemo::board::xml {
+namespace {
+
+using vemo::xml::unsigned64_hex;
+
+// Indexed by GlobalMemConfig::Type.
+constexpr const char* TYPE_WORDS[] = {"shared virtual", "shared physical", "device private"};
+static_assert(std::size(TYPE_WORDS) == GlobalMemConfig::TypeCount);
+
+}  // namespace
+
+GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
+    : BaseVisitor(parent), m_spec(spec) {}
+
+bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == "global_mem") {
+        return visit_global_mem_elem(elem);
+    }
+    if (name == "interface") {
+        return visit_interface_elem(elem);
+    }
+    if (name == "port") {
+        return false;  // the interface's own visitor has read it
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
+    // Where it stands is not checked: one inside another becomes a memory of its own, and the
+    // interfaces that follow are its.
+    if (!report_unexpected_attrs(elem, 5, "max_bandwidth", "type", "interleaved_bytes", "name",
+                                 "config_addr")) {
+        return !m_has_error;
+    }
+    auto global_mem = std::make_unique<GlobalMemConfig>();
+
+    // No file gets this far with "default": the list above does not allow it.
+    int default_value = 0;
+    if (query_attribute(elem, "default", &default_value, REPORT, OPTIONAL)
+        && static_cast<unsigned>(default_value) > 1) {
+        return report_attr_error(elem, "default",
+                                 "Global memmory attribute 'default' must equal to  0 or 1.");
+    }
+    m_global_mem = global_mem.release();
+    m_spec->add_global_mem_config(m_global_mem, (default_value & 1) != 0);
+
+    float max_bandwidth = 0.0f;
+    if (!m_has_error && query_attribute(elem, "max_bandwidth", &max_bandwidth, REPORT, REQUIRED)) {
+        if (max_bandwidth < 0.0f) {
+            return report_attr_error(elem, "max_bandwidth",
+                                     "Max global memory bandwidth must be non-negative.");
+        }
+        m_global_mem->set_max_bandwidth(max_bandwidth);
+    }
+    std::string type_word;
+    if (!m_has_error && query_attribute(elem, "type", &type_word, REPORT, OPTIONAL)) {
+        const std::size_t type = index_of_word(TYPE_WORDS, type_word);
+        if (type == std::size(TYPE_WORDS)) {
+            return report_attr_error(elem, "type", "Unrecognized type '" + type_word + "'.");
+        }
+        m_global_mem->set_type(static_cast<GlobalMemConfig::Type>(type));
+    }
+    unsigned64_hex number;  // its low 32 bits count
+    if (!m_has_error && query_attribute(elem, "interleaved_bytes", &number, REPORT, OPTIONAL)) {
+        m_global_mem->interleaved_bytes = static_cast<unsigned>(number.value);
+    }
+    if (!m_has_error) {
+        query_attribute(elem, "name", &m_global_mem->name, REPORT, OPTIONAL);
+    }
+    // Made after an error, too. It is enough to look at the first and at the last memory: those
+    // between have passed when they were the last.
+    if (m_spec->get_num_global_mem_definitions() > 1
+        && (m_spec->get_global_mem_config().name.empty() || m_global_mem->name.empty())) {
+        return report_error(elem,
+                            "All global memories must have a name when there are more than 1 "
+                            "global memories.");
+    }
+    if (!m_has_error && query_attribute(elem, "config_addr", &number, REPORT, OPTIONAL)) {
+        m_global_mem->config_addr = static_cast<unsigned>(number.value);
+    }
+    return !m_has_error;
+}
+
+bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
+    for (const char* name : {"name", "type", "width", "address", "size"}) {
+        if (!attribute_exists(elem, name)) {
+            return report_missing_attr(elem, name, "");
+        }
+    }
+    InterfaceVisitor reader(this);
+    if (!walk_with(elem, &reader)) {
+        return false;
+    }
+    VEMO_ASSERT(m_spec != NULL);
+    VEMO_ASSERT(m_global_mem != NULL);
+    std::unique_ptr<Interface> intf(reader.release_intf());
+    if (intf->get_type() != Interface::Slave) {
+        return report_error(elem, "Global memory interface must be a slave.");
+    }
+    m_global_mem->add_interface(intf.release());
+    return !m_has_error;
+}
+
+bool GlobalMemVisitor::VisitExit(const XMLElement& elem) {
+    if (!m_has_error && elem.Value() == std::string_view("global_mem") && !check_interfaces(elem)) {
+        return false;
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+bool GlobalMemVisitor::check_interfaces(const XMLElement& elem) {
+    if (m_global_mem->get_num_intfs() == 0) {
+        return report_error(elem, "At least one global memory interface must be defined.");
+    }
+    const Interface& first = m_global_mem->get_intf(0);
+    for (const Interface* intf : m_global_mem->get_interfaces()) {
+        if (intf->get_data_width() != first.get_data_width()) {
+            return report_error(elem,
+                                "All global memory interfaces must have the same data width.");
+        }
+        if (intf->get_max_burst_count() != first.get_max_burst_count()) {
+            return report_error(elem,
+                                "All global memory interfaces must have the same max burst count.");
+        }
+    }
+    return true;
+}
+
+}  // namespace vemo::board::xml

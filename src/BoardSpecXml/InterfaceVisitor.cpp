@@ -1,0 +1,188 @@
+#include "BoardSpecXml/InterfaceVisitor.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <string_view>
+
+#include "BoardSpecXml/PortVisitor.h"
+#include "WordTable.h"
+
+namespace vemo::board::xml {
+namespace {
+
+using vemo::xml::unsigned64_hex;
+
+// Indexed by Interface::Type.
+constexpr const char* TYPE_WORDS[] = {"slave", "master", "irq", "streamsource", "streamsink"};
+static_assert(std::size(TYPE_WORDS) == Interface::TypeCount);
+
+// Indexed by Interface::latency_type.
+constexpr const char* LATENCY_TYPE_WORDS[] = {"average", "fixed"};
+
+}  // namespace
+
+// In the order of reading. The same rows are the attributes that are allowed.
+const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
+    {"name", &InterfaceVisitor::read_name},  // required
+    {"port", &InterfaceVisitor::read_ports},
+    {"type", &InterfaceVisitor::read_type},  // required
+    {"width", &InterfaceVisitor::read_width},
+    {"maxburst", &InterfaceVisitor::read_maxburst},
+    {"address", &InterfaceVisitor::read_address},
+    {"size", &InterfaceVisitor::read_size},
+    {"chan_id", &InterfaceVisitor::read_plain<&Interface::chan_id>},
+    {"enable", &InterfaceVisitor::read_plain<&Interface::enable>},
+    {"clock", &InterfaceVisitor::read_plain<&Interface::clock>},
+    {"misc", &InterfaceVisitor::read_plain<&Interface::misc>},
+    {"latency", &InterfaceVisitor::read_plain<&Interface::latency>},
+    {"latency_type", &InterfaceVisitor::read_latency_type},
+    {"waitrequest", &InterfaceVisitor::read_plain<&Interface::waitrequest>},
+    {"waitrequest_allowance", &InterfaceVisitor::read_plain<&Interface::waitrequest_allowance>},
+    {"bsp_vnmm_write_ack", &InterfaceVisitor::read_write_ack},
+    {"addpipe", &InterfaceVisitor::read_plain<&Interface::addpipe>},
+    {"sampling_rate", &InterfaceVisitor::read_sampling_rate},
+};
+
+InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent) : BaseVisitor(parent) {}
+
+Interface* InterfaceVisitor::release_intf() { return m_intf.release(); }
+
+bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    if (is_root_of_walk()) {
+        return visit_vnl_interface_elem(elem);
+    }
+    if (elem.Value() == std::string_view("port")) {
+        return false;  // the PortVisitor has read it
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
+    std::array<const char*, std::size(ATTRIBUTES)> allowed;
+    std::transform(std::begin(ATTRIBUTES), std::end(ATTRIBUTES), allowed.begin(),
+                   [](const Attribute& attribute) { return attribute.name; });
+    if (!(report_unexpected_elem_stack(elem, 0)
+          && report_unexpected_attrs(elem, allowed.size(), allowed.data()))) {
+        return !m_has_error;
+    }
+    m_intf = std::make_unique<Interface>();
+    for (const Attribute& attribute : ATTRIBUTES) {
+        if (!(this->*attribute.read)(elem, attribute.name)) {
+            break;
+        }
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_name(const XMLElement& elem, const char* name) {
+    return query_attribute(elem, name, &m_intf->name, REPORT, REQUIRED);
+}
+
+bool InterfaceVisitor::read_ports(const XMLElement& elem, const char* name) {
+    std::string port_name;
+    if (query_attribute(elem, name, &port_name, REPORT, OPTIONAL)) {
+        m_intf->add_port(port_name, Port::ReadWrite);
+    }
+    PortVisitor reader(this, m_intf.get());
+    return walk_with(elem, &reader);
+}
+
+bool InterfaceVisitor::read_type(const XMLElement& elem, const char* name) {
+    std::string word;
+    if (!query_attribute(elem, name, &word, REPORT, REQUIRED)) {
+        return false;
+    }
+    const std::size_t type = index_of_word(TYPE_WORDS, word);
+    if (type == std::size(TYPE_WORDS)) {
+        return report_attr_error(elem, name, "Unrecognized Varnel interface type '" + word + "'.");
+    }
+    m_intf->set_type(static_cast<Interface::Type>(type));
+    return true;
+}
+
+bool InterfaceVisitor::read_width(const XMLElement& elem, const char* name) {
+    unsigned width = 0;
+    if (query_attribute(elem, name, &width, REPORT, OPTIONAL)) {
+        if (width == 0) {
+            return report_attr_error(elem, name, "Data width must be > 0.");
+        }
+        m_intf->set_data_width(width);
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_maxburst(const XMLElement& elem, const char* name) {
+    unsigned maxburst = 0;
+    if (query_attribute(elem, name, &maxburst, REPORT, OPTIONAL)) {
+        if (maxburst == 0) {
+            return report_attr_error(elem, name, "Max burst count must be > 0.");
+        }
+        m_intf->set_max_burst_count(maxburst);
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_address(const XMLElement& elem, const char* name) {
+    unsigned64_hex address;
+    if (query_attribute(elem, name, &address, REPORT, OPTIONAL)) {
+        m_intf->address = static_cast<unsigned>(address.value);
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_size(const XMLElement& elem, const char* name) {
+    unsigned64_hex size;
+    if (query_attribute(elem, name, &size, REPORT, OPTIONAL)) {
+        if (size.value == 0) {
+            return report_attr_error(elem, name, "Interface size must be > 0.");
+        }
+        // A multiple of 2^32 is not caught here: it meets the setter's assertion.
+        m_intf->set_size(static_cast<unsigned>(size.value));
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const char* name) {
+    std::string word;
+    if (query_attribute(elem, name, &word, REPORT, OPTIONAL)) {
+        const std::size_t latency_type = index_of_word(LATENCY_TYPE_WORDS, word);
+        if (latency_type == std::size(LATENCY_TYPE_WORDS)) {
+            return report_attr_error(
+                elem, name, "Unrecognized latency type in Varnel interface '" + word + "'.");
+        }
+        m_intf->latency_type = static_cast<unsigned>(latency_type);
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_write_ack(const XMLElement& elem, const char* name) {
+    unsigned write_ack = 0;
+    if (query_attribute(elem, name, &write_ack, REPORT, OPTIONAL)) {
+        m_intf->bsp_vnmm_write_ack = write_ack != 0;
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::read_sampling_rate(const XMLElement& elem, const char* name) {
+    float sampling_rate = 0.0f;
+    if (query_attribute(elem, name, &sampling_rate, REPORT, OPTIONAL)) {
+        if (sampling_rate <= 0.0f) {
+            return report_attr_error(elem, name, "Interface sampling rate must be > 0.");
+        }
+        m_intf->set_sampling_rate(sampling_rate);
+    }
+    return !m_has_error;
+}
+
+bool InterfaceVisitor::VisitExit(const XMLElement& elem) {
+    // Made on leaving the interface and each of its children, after an error as well: an interface
+    // whose reading ended before its ports adds this message to the one that ended it.
+    if (m_intf != nullptr && m_intf->get_num_ports() == 0) {
+        return report_attr_error(elem, "port", "At least one port is required in interface ");
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+}  // namespace vemo::board::xml

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+
+#include "BaseVisitor.h"
+#include "BoardSpec/Interface.h"
+
+namespace vemo::board::xml {
+
+/// Reads one `interface` element, wherever it stands: its attributes, and its ports through a
+/// PortVisitor. Rules that depend on the place are the caller's.
+class InterfaceVisitor : public vemo::xml::BaseVisitor {
+public:
+    explicit InterfaceVisitor(BaseVisitor* parent);
+
+    using BaseVisitor::VisitEnter;
+    using BaseVisitor::VisitExit;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLElement& elem) override;
+
+    /// The interface read, owned by the caller from here on; null before the walk and after the
+    /// first call.
+    Interface* release_intf();
+
+private:
+    /// An attribute, and the member that reads it into the interface.
+    struct Attribute {
+        const char* name;
+        bool (InterfaceVisitor::*read)(const XMLElement& elem, const char* name);
+    };
+    static const Attribute ATTRIBUTES[18];
+
+    bool visit_vnl_interface_elem(const XMLElement& elem);
+
+    // The readers of ATTRIBUTES. Each returns whether no error has been reported.
+
+    bool read_name(const XMLElement& elem, const char* name);
+    bool read_ports(const XMLElement& elem, const char* name);
+    bool read_type(const XMLElement& elem, const char* name);
+    bool read_width(const XMLElement& elem, const char* name);
+    bool read_maxburst(const XMLElement& elem, const char* name);
+    bool read_address(const XMLElement& elem, const char* name);
+    bool read_size(const XMLElement& elem, const char* name);
+    bool read_latency_type(const XMLElement& elem, const char* name);
+    bool read_write_ack(const XMLElement& elem, const char* name);
+    bool read_sampling_rate(const XMLElement& elem, const char* name);
+
+    /// Reads an optional attribute that has no rule of its own into `Field`.
+    template <auto Field>
+    bool read_plain(const XMLElement& elem, const char* name) {
+        query_attribute(elem, name, &(m_intf.get()->*Field), REPORT, OPTIONAL);
+        return !m_has_error;
+    }
+
+    std::unique_ptr<Interface> m_intf;  // until released
+};
+
+}  // namespace vemo::board::xml

@@ -1,0 +1,82 @@
+#include "BoardSpecXml/PortVisitor.h"
+
+#include <iterator>
+#include <memory>
+#include <string_view>
+
+#include "Assert.h"
+#include "BoardSpecXml/AttributeVisitor.h"
+#include "WordTable.h"
+
+namespace vemo::board::xml {
+namespace {
+
+// Indexed by Port::Direction.
+constexpr const char* DIRECTION_WORDS[] = {"rw", "r", "w"};
+static_assert(std::size(DIRECTION_WORDS) == Port::TypeCount);
+
+}  // namespace
+
+PortVisitor::PortVisitor(BaseVisitor* parent, Interface* intf) : BaseVisitor(parent), m_intf(intf) {
+    VEMO_ASSERT(intf != NULL);
+}
+
+bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == "interface") {
+        return true;
+    }
+    if (name == "port") {
+        return visit_port_elem(elem);
+    }
+    if (name == "attribute") {
+        return false;  // the AttributeVisitor has read it, if it is to be read
+    }
+    return report_unexpected_elem(elem, "");
+}
+
+bool PortVisitor::visit_port_elem(const XMLElement& elem) {
+    auto port = std::make_unique<Port>();
+    std::string direction_word;
+    if (!(report_unexpected_elem_stack(elem, 1, "interface")
+          && report_unexpected_attrs(elem, 4, "name", "direction", "attribute_width",
+                                     "hazard_free_attributes")
+          && query_attribute(elem, "name", &port->name, REPORT, REQUIRED)
+          && query_attribute(elem, "direction", &direction_word, REPORT, REQUIRED))) {
+        return !m_has_error;
+    }
+    const std::size_t direction = index_of_word(DIRECTION_WORDS, direction_word);
+    if (direction == std::size(DIRECTION_WORDS)) {
+        return report_attr_error(
+            elem, "direction",
+            "Unrecognized direction in interface port '" + direction_word + "'.");
+    }
+    port->direction = static_cast<Port::Direction>(direction);
+
+    std::string hazard_free;
+    if (query_attribute(elem, "hazard_free_attributes", &hazard_free, REPORT, OPTIONAL)) {
+        const bool is_true = hazard_free == "true" || hazard_free == "1";
+        if (!is_true && hazard_free != "false" && hazard_free != "0") {
+            return report_attr_error(elem, "hazard_free_attributes",
+                                     "hazard_free_attributes should be a boolean (true or false).");
+        }
+        port->hazard_free_attributes = is_true;
+    }
+    // Without a width, the `attribute` children are passed over unread.
+    if (query_attribute(elem, "attribute_width", &port->attribute_width, REPORT, OPTIONAL)) {
+        if (port->hazard_free_attributes) {
+            return report_attr_error(elem, "attribute_width",
+                                     "Cannot specify additional attributes without specifying "
+                                     "hazard_free_attributes=false");
+        }
+        AttributeVisitor reader(this, port.get());
+        walk_with(elem, &reader);
+    }
+    if (!m_has_error) {
+        m_intf->add_port(port.release());
+    }
+    return !m_has_error;
+}
+
+}  // namespace vemo::board::xml

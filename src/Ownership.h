@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+namespace vemo {
+
+/// Makes `slot` own `object`; what it owned before is destroyed.
+template <typename T>
+void replace_owned(T*& slot, T* object) {
+    if (slot != object) {
+        delete slot;
+        slot = object;
+    }
+}
+
+/// Destroys every object of `objects` (null entries are skipped) and empties the list.
+template <typename T>
+void clean_ptr_container(std::vector<T*>& objects) {
+    for (T* object : objects) {
+        delete object;
+    }
+    objects.clear();
+}
+
+}  // namespace vemo

@@ -1,0 +1,51 @@
+#include "TargetModelXml/DelayModelVisitor.h"
+
+#include <string_view>
+
+#include "Assert.h"
+
+namespace vemo::tmodel::xml {
+namespace {
+
+constexpr const char* ELEMENT = "delay_model";
+
+}  // namespace
+
+// In the order of the final check.
+const DelayModelVisitor::Constant<DelayModel> DelayModelVisitor::CONSTANTS[] = {
+    {"alm_delay_ps", any_unsigned<&DelayModel::alm_delay_ps>},
+    {"routing_delay_ps", any_unsigned<&DelayModel::routing_delay_ps>},
+};
+
+DelayModelVisitor::DelayModelVisitor(BaseVisitor* parent, TargetModel* tm)
+    : ConstantsVisitor(parent), m_tm(tm) {
+    VEMO_ASSERT(tm != NULL);
+}
+
+bool DelayModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    return elem.Value() == std::string_view(ELEMENT) ? visit_delay_model_elem(elem)
+                                                     : visit_constant_elem(elem);
+}
+
+bool DelayModelVisitor::visit_delay_model_elem(const XMLElement& elem) {
+    if (check_sub_model_elem(elem)) {
+        VEMO_ASSERT(!m_tm->has_delay_model());
+        m_tm->set_delay_model(new DelayModel);
+    }
+    return !m_has_error;
+}
+
+bool DelayModelVisitor::visit_constant_elem(const XMLElement& elem) {
+    return visit_constant(elem, ELEMENT, CONSTANTS, &m_tm->get_delay_model());
+}
+
+bool DelayModelVisitor::VisitExit(const XMLElement& elem) {
+    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)
+        && !check_constants(elem, CONSTANTS)) {
+        return false;
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+}  // namespace vemo::tmodel::xml

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TargetModel.h"
+#include "TargetModelXml/ConstantsVisitor.h"
+
+namespace vemo::tmodel::xml {
+
+/// Reads `delay_model`: delays in picoseconds.
+class DelayModelVisitor : public ConstantsVisitor {
+public:
+    /// Fills `tm`, which is not owned and must not be null.
+    DelayModelVisitor(BaseVisitor* parent, TargetModel* tm);
+
+    using ConstantsVisitor::VisitEnter;
+    using ConstantsVisitor::VisitExit;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLElement& elem) override;
+
+private:
+    bool visit_delay_model_elem(const XMLElement& elem);
+    bool visit_constant_elem(const XMLElement& elem);
+
+    static const Constant<DelayModel> CONSTANTS[2];
+
+    TargetModel* m_tm;
+};
+
+}  // namespace vemo::tmodel::xml

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TargetModel.h"
+#include "TargetModelXml/ConstantsVisitor.h"
+
+namespace vemo::tmodel::xml {
+
+/// Reads `family_info`: facts about the family's logic.
+class FamilyModelVisitor : public ConstantsVisitor {
+public:
+    /// Fills `tm`, which is not owned and must not be null.
+    FamilyModelVisitor(BaseVisitor* parent, TargetModel* tm);
+
+    using ConstantsVisitor::VisitEnter;
+    using ConstantsVisitor::VisitExit;
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
+    bool VisitExit(const XMLElement& elem) override;
+
+private:
+    bool visit_family_info_elem(const XMLElement& elem);
+    bool visit_constant_elem(const XMLElement& elem);
+
+    static const Constant<FamilyModel> CONSTANTS[6];
+
+    TargetModel* m_tm;
+};
+
+}  // namespace vemo::tmodel::xml

@@ -1,0 +1,76 @@
+#include "TargetModelXml/LocalMemVisitor.h"
+
+#include <string_view>
+
+#include "Assert.h"
+#include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
+
+namespace vemo::tmodel::xml {
+namespace {
+
+constexpr const char* ELEMENT = "local_mem";
+
+}  // namespace
+
+// In the order of the final check.
+const LocalMemVisitor::Constant<LocalMemModel> LocalMemVisitor::CONSTANTS[] = {
+    {"single_port_mem_block_width", positive<&LocalMemModel::set_single_port_mem_block_width>},
+    {"single_port_mem_block_depth", positive<&LocalMemModel::set_single_port_mem_block_depth>},
+    {"dual_port_mem_block_width", positive<&LocalMemModel::set_dual_port_mem_block_width>},
+    {"dual_port_mem_block_depth", positive<&LocalMemModel::set_dual_port_mem_block_depth>},
+    {"bursting_lsu_cache_size_n", positive<&LocalMemModel::set_bursting_lsu_cache_size_n>},
+    {"single_port_mem_block_supports_rdw_mode_old_data",
+     boolean<&LocalMemModel::set_single_port_mem_block_supports_rdw_mode_old_data>},
+    {"dual_port_mem_block_supports_rdw_mode_old_data",
+     boolean<&LocalMemModel::set_dual_port_mem_block_supports_rdw_mode_old_data>},
+};
+
+LocalMemVisitor::LocalMemVisitor(BaseVisitor* parent, TargetModel* tm)
+    : ConstantsVisitor(parent), m_tm(tm) {
+    VEMO_ASSERT(tm != NULL);
+}
+
+bool LocalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
+    BaseVisitor::VisitEnter(elem, first_attribute);
+    const std::string_view name = elem.Value();
+    if (name == ELEMENT) {
+        return visit_local_mem_elem(elem);
+    }
+    if (name == "fmax_degradation") {
+        return visit_fmax_degradation_elem(elem);
+    }
+    return visit_constant_elem(elem);
+}
+
+bool LocalMemVisitor::visit_local_mem_elem(const XMLElement& elem) {
+    if (check_sub_model_elem(elem)) {
+        VEMO_ASSERT(!m_tm->has_local_mem_model());
+        m_tm->set_local_mem_model(new LocalMemModel);
+    }
+    return !m_has_error;
+}
+
+bool LocalMemVisitor::visit_fmax_degradation_elem(const XMLElement& elem) {
+    return report_unexpected_elem_stack(elem, 1, ELEMENT)
+           && report_unexpected_elem_stack_count(elem, 1)
+           && delegate<LocalMemFmaxDegradationVisitor>(elem, &m_tm->get_local_mem_model());
+}
+
+bool LocalMemVisitor::visit_constant_elem(const XMLElement& elem) {
+    return visit_constant(elem, ELEMENT, CONSTANTS, &m_tm->get_local_mem_model());
+}
+
+bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
+    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)) {
+        if (!check_constants(elem, CONSTANTS)) {
+            return false;
+        }
+        if (!m_tm->get_local_mem_model().has_fmax_degradation_model()) {
+            return report_error(
+                elem, "Missing fmax degradation <fmax_degradation> model for local memory.");
+        }
+    }
+    return BaseVisitor::VisitExit(elem);
+}
+
+}  // namespace vemo::tmodel::xml

@@ -1,0 +1,68 @@
+#include "TargetModelXmlLoader.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "Assert.h"
+#include "FilePath.h"
+#include "SdkModelPath.h"
+#include "TargetModelXml/TargetModelVisitor.h"
+
+namespace vemo::tmodel {
+
+TargetModelXmlLoader::TargetModelXmlLoader(bool debug) : m_debug(debug) {}
+
+TargetModel* TargetModelXmlLoader::load_file(const char* filename) {
+    return load_target_model(parse_file(filename));
+}
+
+TargetModel* TargetModelXmlLoader::load_xml(const char* xml) {
+    return load_target_model(parse_xml(xml));
+}
+
+TargetModel* TargetModelXmlLoader::load_target_model(tinyxml2::XMLDocument* doc) {
+    return load_document<TargetModel, xml::TargetModelVisitor>(doc, m_debug);
+}
+
+std::string TargetModelXmlLoader::resolve_target_model_file(const std::string& tm_path,
+                                                            const std::string& dm_file_path) const {
+    trace("Resolving target model file path:", "");
+    trace("  input path: ", tm_path);
+    if (FilePath::is_absolute(tm_path)) {
+        trace("  input path is absolute", "");
+        return tm_path;
+    }
+    if (exists("  relative to cwd: ", tm_path)) {
+        return tm_path;
+    }
+    VEMO_ASSERT(!dm_file_path.empty());
+    const std::string dm_dir = FilePath::parent_path(dm_file_path);
+    trace("  Device Model file path: ", dm_file_path);
+    trace("  Device Model dir: ", dm_dir);
+    const std::string beside = FilePath::append(dm_dir, tm_path);
+    if (exists("  relative to DM dir: ", beside)) {
+        return beside;
+    }
+    if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
+        trace("  VEMOSDKROOT: ", root);
+        const std::string in_kit = sdk_model_path(root, "tm", tm_path);
+        if (exists("  relative to VEMO TM dir: ", in_kit)) {
+            return in_kit;
+        }
+    }
+    return "";
+}
+
+bool TargetModelXmlLoader::exists(const char* what, const std::string& path) const {
+    const bool found = FilePath::exists(path);
+    trace(what, path + (found ? " exists" : " does not exist"));
+    return found;
+}
+
+void TargetModelXmlLoader::trace(const char* label, const std::string& text) const {
+    if (m_debug) {
+        std::printf("%s%s\n", label, text.c_str());
+    }
+}
+
+}  // namespace vemo::tmodel
