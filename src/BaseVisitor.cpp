@@ -158,7 +158,7 @@ bool BaseVisitor::VisitExit(const XMLElement& elem) {
     if (m_has_error) {
         return false;
     }
-    VEMO_ASSERT(m_elem_stack.size() > 0);
+    VEMO_ASSERT(m_elem_stack.size() > 0);  // NOLINT(readability-container-size-empty): its text
     VEMO_ASSERT(m_elem_stack.back() == elem.Value());
     if (m_debug) {
         debug("[xml] exiting " + m_elem_stack_key + "\n");

@@ -29,12 +29,12 @@ std::string DeviceModelXmlLoader::resolve_device_model_file(
         return dm_path;
     }
     VEMO_ASSERT(!board_spec_path.empty());
-    const std::string beside = FilePath::append(FilePath::parent_path(board_spec_path), dm_path);
+    std::string beside = FilePath::append(FilePath::parent_path(board_spec_path), dm_path);
     if (FilePath::exists(beside)) {
         return beside;
     }
     if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
-        const std::string in_kit = sdk_model_path(root, "dm", dm_path);
+        std::string in_kit = sdk_model_path(root, "dm", dm_path);
         if (FilePath::exists(in_kit)) {
             return in_kit;
         }

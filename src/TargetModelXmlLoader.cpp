@@ -39,13 +39,13 @@ std::string TargetModelXmlLoader::resolve_target_model_file(const std::string& t
     const std::string dm_dir = FilePath::parent_path(dm_file_path);
     trace("  Device Model file path: ", dm_file_path);
     trace("  Device Model dir: ", dm_dir);
-    const std::string beside = FilePath::append(dm_dir, tm_path);
+    std::string beside = FilePath::append(dm_dir, tm_path);
     if (exists("  relative to DM dir: ", beside)) {
         return beside;
     }
     if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
         trace("  VEMOSDKROOT: ", root);
-        const std::string in_kit = sdk_model_path(root, "tm", tm_path);
+        std::string in_kit = sdk_model_path(root, "tm", tm_path);
         if (exists("  relative to VEMO TM dir: ", in_kit)) {
             return in_kit;
         }

@@ -5,10 +5,6 @@ namespace vemo::board {
 /// Version of the board file format: a single-precision number, with a printer of its own. 0 means
 /// that none was set.
 struct SpecVersion {
-    constexpr SpecVersion() = default;
-    constexpr SpecVersion(float version) : value(version) {}
-    constexpr operator float() const { return value; }
-
     float value = 0.0f;
 };
 

@@ -146,11 +146,13 @@ bool CompileVisitor::VisitExit(const XMLElement& elem) {
     return BaseVisitor::VisitExit(elem);
 }
 
-bool CompileVisitor::has_unnamed_flows() const { return m_spec->version < BoardSpec::Version_17_0; }
+bool CompileVisitor::has_unnamed_flows() const {
+    return m_spec->version.value < BoardSpec::Version_17_0;
+}
 
 bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
     const std::string_view name = elem.Value();
-    if (name == "compile" && m_spec->version < BoardSpec::Version_14_1) {
+    if (name == "compile" && m_spec->version.value < BoardSpec::Version_14_1) {
         return report_error(elem, "Compile not supported in this version.");
     }
     if (name == "auto_migrate") {

@@ -60,7 +60,7 @@ bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
 }
 
 bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
-    std::array<const char*, std::size(ATTRIBUTES)> allowed;
+    std::array<const char*, std::size(ATTRIBUTES)> allowed{};
     std::transform(std::begin(ATTRIBUTES), std::end(ATTRIBUTES), allowed.begin(),
                    [](const Attribute& attribute) { return attribute.name; });
     if (!(report_unexpected_elem_stack(elem, 0)
