@@ -1,9 +1,7 @@
 #include "AnswerTable.h"
 
 #include <algorithm>
-#include <sstream>
 
-#include "BoardSpec/Dump.h"
 #include "JoinedList.h"
 
 namespace vemo {
@@ -75,9 +73,7 @@ std::string resolved_target_model(const AnswerSources& sources) { return sources
 std::string target_model(const AnswerSources& sources) { return sources.dm->target_model; }
 
 std::string board_version(const AnswerSources& sources) {
-    std::ostringstream text;
-    text << sources.spec->version;
-    return text.str();
+    return to_string(sources.spec->version);
 }
 
 }  // namespace

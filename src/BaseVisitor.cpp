@@ -12,50 +12,20 @@
 namespace vemo::xml {
 namespace {
 
-constexpr int BASE_BY_PREFIX = 0;
+constexpr std::size_t NO_PATH = static_cast<std::size_t>(-1);
 
-bool is_decimal_digit(char c) { return c >= '0' && c <= '9'; }
+/// Enough for the stack and the counts of most visitors.
+constexpr std::size_t USUAL_NUM_PATHS = 8;
 
-bool is_blank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+/// A tool that lives for a millisecond does nothing more often than this.
+bool equal(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
 
-/// The base that the prefix of `text` selects. The C library would know it as well, but newer ones
-/// also take "0b", which is no number here.
-int base_of_prefix(const char* text) {
-    if (text[0] != '0') {
-        return 10;
+const tinyxml2::XMLAttribute* find_attribute(const tinyxml2::XMLElement& elem, const char* name) {
+    const tinyxml2::XMLAttribute* attribute = elem.FirstAttribute();
+    while (attribute != nullptr && !equal(attribute->Name(), name)) {
+        attribute = attribute->Next();
     }
-    return text[1] == 'x' || text[1] == 'X' ? 16 : 8;
-}
-
-/// Reads `text` with the C library's conversion `strto`, which saturates by itself at 64 bits.
-template <typename Unsigned, typename Converter>
-bool convert(const char* text, Unsigned* out, int base, Converter strto) {
-    if (!is_decimal_digit(text[0])) {
-        return false;
-    }
-    char* end = nullptr;
-    const auto number = strto(text, &end, base == BASE_BY_PREFIX ? base_of_prefix(text) : base);
-    constexpr auto LARGEST = std::numeric_limits<Unsigned>::max();
-    *out = number > LARGEST ? LARGEST : static_cast<Unsigned>(number);
-    return *end == '\0';
-}
-
-bool convert_by_prefix(const char* text, unsigned_hex* number) {
-    return convert_to_unsigned(text, &number->value, BASE_BY_PREFIX);
-}
-
-bool convert_by_prefix(const char* text, unsigned64_hex* number) {
-    return convert_to_unsigned64(text, &number->value, BASE_BY_PREFIX);
-}
-
-template <typename Number>
-std::istream& extract(std::istream& stream, Number& number) {
-    std::string word;
-    stream >> word;
-    if (!convert_by_prefix(word.c_str(), &number)) {
-        stream.setstate(std::ios::failbit);
-    }
-    return stream;
+    return attribute;
 }
 
 // The reading of an attribute's text, one overload a type.
@@ -81,48 +51,24 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, bool* value) {
     return attribute.QueryBoolValue(value) == tinyxml2::XML_SUCCESS;
 }
 
-/// What extraction from a stream of the text, up to its very end, would give: blanks before the
-/// number are skipped, but a blank behind it is left over. The stream itself would cost more than
-/// all the rest of a run.
-template <typename Number>
-bool convert_word(const tinyxml2::XMLAttribute& attribute, Number* number) {
-    const char* text = attribute.Value();
-    while (is_blank(*text)) {
-        ++text;
-    }
-    return convert_by_prefix(text, number);
-}
-
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned_hex* value) {
-    return convert_word(attribute, value);
+    return convert_word(attribute.Value(), value);
 }
 
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned64_hex* value) {
-    return convert_word(attribute, value);
+    return convert_word(attribute.Value(), value);
 }
 
 }  // namespace
 
-bool convert_to_unsigned(const char* text, std::uint32_t* out, int base) {
-    return convert(text, out, base, std::strtoull);
-}
-
-bool convert_to_unsigned64(const char* text, std::uint64_t* out, int base) {
-    return convert(text, out, base, std::strtoull);
-}
-
-std::istream& operator>>(std::istream& stream, unsigned_hex& number) {
-    return extract(stream, number);
-}
-
-std::istream& operator>>(std::istream& stream, unsigned64_hex& number) {
-    return extract(stream, number);
-}
-
 BaseVisitor::BaseVisitor(VisitorCallbacks* callbacks, bool debug)
-    : m_debug(debug), m_callbacks(callbacks) {}
+    : m_debug(debug), m_callbacks(callbacks) {
+    m_elem_stack.reserve(USUAL_NUM_PATHS);
+    m_elem_counts.reserve(USUAL_NUM_PATHS);
+    m_elem_counts.push_back({NO_PATH, "", 0});
+}
 
-BaseVisitor::BaseVisitor(BaseVisitor* parent) : m_debug(false), m_callbacks(nullptr) {
+BaseVisitor::BaseVisitor(BaseVisitor* parent) : BaseVisitor(nullptr, false) {
     VEMO_ASSERT(parent != 0);
     m_debug = parent->m_debug;
     m_callbacks = parent->m_callbacks;
@@ -142,14 +88,16 @@ bool BaseVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute*) {
     if (m_has_error) {
         return false;
     }
-    if (!m_elem_stack.empty()) {
-        m_elem_stack_key += '/';
-    }
     m_elem_stack.emplace_back(elem.Value());
-    m_elem_stack_key += m_elem_stack.back();
+    std::size_t path = find_path(m_current_path, m_elem_stack.back());
+    if (path == NO_PATH) {
+        path = m_elem_counts.size();
+        m_elem_counts.push_back({m_current_path, m_elem_stack.back(), 0});
+    }
+    m_current_path = path;
     ++get_elem_stack_count_entry();
     if (m_debug) {
-        debug("[xml] entering " + m_elem_stack_key + "\n");
+        debug("[xml] entering " + get_elem_stack_key() + "\n");
     }
     return !m_has_error;
 }
@@ -161,11 +109,10 @@ bool BaseVisitor::VisitExit(const XMLElement& elem) {
     VEMO_ASSERT(m_elem_stack.size() > 0);  // NOLINT(readability-container-size-empty): its text
     VEMO_ASSERT(m_elem_stack.back() == elem.Value());
     if (m_debug) {
-        debug("[xml] exiting " + m_elem_stack_key + "\n");
+        debug("[xml] exiting " + get_elem_stack_key() + "\n");
     }
-    const std::size_t separator = m_elem_stack.size() > 1 ? 1 : 0;
-    m_elem_stack_key.resize(m_elem_stack_key.size() - m_elem_stack.back().size() - separator);
     m_elem_stack.pop_back();
+    m_current_path = m_elem_counts[m_current_path].parent;
     return !m_has_error;
 }
 
@@ -190,9 +137,28 @@ void BaseVisitor::debug(const std::string& text) const {
     }
 }
 
-const std::string& BaseVisitor::get_elem_stack_key() const { return m_elem_stack_key; }
+std::string BaseVisitor::get_elem_stack_key() const {
+    std::string key;
+    for (const std::string_view name : m_elem_stack) {
+        if (!key.empty()) {
+            key += '/';
+        }
+        key += name;
+    }
+    return key;
+}
 
-unsigned& BaseVisitor::get_elem_stack_count_entry() { return m_elem_counts[m_elem_stack_key]; }
+unsigned& BaseVisitor::get_elem_stack_count_entry() { return m_elem_counts[m_current_path].count; }
+
+std::size_t BaseVisitor::find_path(std::size_t parent, std::string_view name) const {
+    // A schema has few paths, and an element outside it ends the walk.
+    for (std::size_t path = 0; path < m_elem_counts.size(); ++path) {
+        if (m_elem_counts[path].parent == parent && m_elem_counts[path].name == name) {
+            return path;
+        }
+    }
+    return NO_PATH;
+}
 
 unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
     std::va_list names;
@@ -203,15 +169,14 @@ unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
 }
 
 unsigned BaseVisitor::get_element_count_va(unsigned n, std::va_list names) const {
-    std::string key;
+    std::size_t path = 0;
     for (unsigned i = 0; i < n; ++i) {
-        if (i > 0) {
-            key += '/';
+        path = find_path(path, va_arg(names, const char*));
+        if (path == NO_PATH) {
+            return 0;
         }
-        key += va_arg(names, const char*);
     }
-    const auto entry = m_elem_counts.find(key);
-    return entry == m_elem_counts.end() ? 0 : entry->second;
+    return m_elem_counts[path].count;
 }
 
 bool BaseVisitor::check_element_stack(unsigned n, ...) const {
@@ -251,7 +216,7 @@ bool BaseVisitor::is_lowest_on_stack(unsigned n, std::va_list names) const {
 }
 
 bool BaseVisitor::attribute_exists(const XMLElement& elem, const char* name) {
-    return elem.FindAttribute(name) != nullptr;
+    return find_attribute(elem, name) != nullptr;
 }
 
 bool BaseVisitor::report_error(const XMLNode& node, const std::string& msg) {
@@ -383,7 +348,7 @@ bool BaseVisitor::report_attr_type_error(const XMLElement& elem, const std::stri
 
 bool BaseVisitor::report_attr_error(const XMLElement& elem, const std::string& attr,
                                     const std::string& msg) {
-    const XMLAttribute* attribute = elem.FindAttribute(attr.c_str());
+    const XMLAttribute* attribute = find_attribute(elem, attr.c_str());
     return attribute == nullptr ? report_error(elem, msg) : report_error(*attribute, msg);
 }
 
@@ -391,7 +356,7 @@ template <typename IsAllowed>
 bool BaseVisitor::report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed) {
     for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
          attribute = attribute->Next()) {
-        if (!is_allowed(attribute->Name())) {
+        if (!is_allowed(*attribute)) {
             report_error(*attribute,
                          std::string("Unexpected attribute '") + attribute->Name() + "'.");
         }
@@ -401,56 +366,85 @@ bool BaseVisitor::report_attrs_unless(const XMLElement& elem, IsAllowed is_allow
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem,
                                           const std::vector<std::string>& allowed) {
-    return report_attrs_unless(elem, [&allowed](const char* name) {
-        return std::find(allowed.begin(), allowed.end(), name) != allowed.end();
+    return report_attrs_unless(elem, [&allowed](const XMLAttribute& attribute) {
+        return std::find(allowed.begin(), allowed.end(), attribute.Name()) != allowed.end();
     });
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n, ...) {
-    std::vector<const char*> allowed(n);
     std::va_list names;
     va_start(names, n);
-    for (const char*& name : allowed) {
-        name = va_arg(names, const char*);
-    }
+    const bool no_error = report_attrs_unless(elem, [n, &names](const XMLAttribute& attribute) {
+        const char* name = attribute.Name();
+        std::va_list allowed;
+        va_copy(allowed, names);
+        bool is_allowed = false;
+        for (unsigned i = 0; i < n && !is_allowed; ++i) {
+            is_allowed = equal(name, va_arg(allowed, const char*));
+        }
+        va_end(allowed);
+        return is_allowed;
+    });
     va_end(names);
-    return report_unexpected_attrs(elem, n, allowed.data());
+    return no_error;
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,
                                           const char** allowed) {
-    return report_attrs_unless(elem, [n, allowed](const char* name) {
-        return std::any_of(allowed, allowed + n, [name](const char* allowed_name) {
-            return std::strcmp(name, allowed_name) == 0;
+    return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
+        const char* name = attribute.Name();
+        return std::any_of(allowed, allowed + n,
+                           [name](const char* allowed_name) { return equal(name, allowed_name); });
+    });
+}
+
+bool BaseVisitor::find_attributes(const XMLElement& elem, unsigned n, FoundAttribute* allowed) {
+    return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
+        const char* name = attribute.Name();
+        const auto found = std::find_if(allowed, allowed + n, [name](const FoundAttribute& entry) {
+            return equal(name, entry.name);
         });
+        if (found == allowed + n) {
+            return false;
+        }
+        found->attribute = &attribute;
+        return true;
     });
 }
 
 template <typename T>
 bool BaseVisitor::query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                                   bool required) {
-    const XMLAttribute* attribute = elem.FindAttribute(name);
-    if (attribute == nullptr) {
-        return report && required && report_missing_attr(elem, name, "");
+    return query_attribute(elem, {name, find_attribute(elem, name)}, value, report, required);
+}
+
+template <typename T>
+bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& found, T* value,
+                                  bool report, bool required) {
+    if (found.attribute == nullptr) {
+        return report && required && report_missing_attr(elem, found.name, "");
     }
     T converted{};
-    if (!convert_attribute(*attribute, &converted)) {
-        return report && report_attr_type_error(elem, name, "");
+    if (!convert_attribute(*found.attribute, &converted)) {
+        return report && report_attr_type_error(elem, found.name, "");
     }
     *value = std::move(converted);
     return true;
 }
 
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, std::string*, bool,
-                                           bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, unsigned*, bool, bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, int*, bool, bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, float*, bool, bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, bool*, bool, bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, unsigned_hex*, bool,
-                                           bool);
-template bool BaseVisitor::query_attribute(const XMLElement&, const char*, unsigned64_hex*, bool,
-                                           bool);
+// The types of attribute that there are.
+#define VEMO_INSTANTIATE_QUERY_ATTRIBUTE(T)                                                        \
+    template bool BaseVisitor::query_attribute(const XMLElement&, const char*, T*, bool, bool);    \
+    template bool BaseVisitor::query_attribute(const XMLElement&, const FoundAttribute&, T*, bool, \
+                                               bool)
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(std::string);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(int);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(float);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(bool);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned_hex);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned64_hex);
+#undef VEMO_INSTANTIATE_QUERY_ATTRIBUTE
 
 bool BaseVisitor::walk_with(const XMLElement& elem, BaseVisitor* child) {
     if (!elem.Accept(child)) {

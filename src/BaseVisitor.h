@@ -1,39 +1,18 @@
 #pragma once
 
 #include <cstdarg>
-#include <cstdint>
-#include <istream>
-#include <map>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <tinyxml2.h>
 
+#include "UnsignedNumber.h"
+
 namespace vemo::xml {
 
 class VisitorCallbacks;
-
-/// Selects the reading of a 32-bit attribute in decimal, octal (0...) or hexadecimal (0x...).
-struct unsigned_hex {
-    std::uint32_t value = 0;
-};
-
-/// The same with 64 bits.
-struct unsigned64_hex {
-    std::uint64_t value = 0;
-};
-
-/// Reads `text` as an unsigned number; the whole text must be one, beginning with a digit: no
-/// blanks, no sign. With base 0 the prefix of C decides (0x, 0, none). Stores into `*out` what the
-/// leading digits give, also when false is returned for what follows them; nothing when the text
-/// does not begin with a digit. A number too large is stored as the largest one and accepted.
-bool convert_to_unsigned(const char* text, std::uint32_t* out, int base);
-bool convert_to_unsigned64(const char* text, std::uint64_t* out, int base);
-
-/// Reads one blank-delimited word in the notation of base 0; sets failbit when it is no number.
-std::istream& operator>>(std::istream& stream, unsigned_hex& number);
-std::istream& operator>>(std::istream& stream, unsigned64_hex& number);
 
 /// Base of every schema reader: a visitor that the XML library walks over a document, or over a
 /// subtree that another visitor has handed to it.
@@ -78,9 +57,9 @@ public:
     void debug(const std::string& text) const;
 
     /// The element path key: the names on the stack joined with "/", outermost first.
-    const std::string& get_elem_stack_key() const;
+    std::string get_elem_stack_key() const;
 
-    /// The count of the current path, inserted as 0 if absent.
+    /// The count of the current path. The reference holds until the next element is entered.
     unsigned& get_elem_stack_count_entry();
 
     /// How many elements of the path of the given names were entered.
@@ -159,6 +138,20 @@ public:
     bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                          bool required);
 
+    /// An attribute of the schema, and where an element has it: null when it has not.
+    struct FoundAttribute {
+        const char* name;
+        const XMLAttribute* attribute;
+    };
+
+    /// report_unexpected_attrs with the names of `allowed`, which also looks all of them up.
+    bool find_attributes(const XMLElement& elem, unsigned n, FoundAttribute* allowed);
+
+    /// query_attribute for an attribute of `elem` that has been looked up.
+    template <typename T>
+    bool query_attribute(const XMLElement& elem, const FoundAttribute& found, T* value, bool report,
+                         bool required);
+
 protected:
     /// Whether the current element is the one that the walk started on.
     bool is_root_of_walk() const { return m_elem_stack.size() == 1; }
@@ -179,16 +172,27 @@ protected:
     bool m_has_error = false;
 
 private:
+    /// A path that was entered: the entry of the path above it, the last name, and how often.
+    struct CountedPath {
+        std::size_t parent;
+        std::string_view name;
+        unsigned count;
+    };
+
+    /// The entry of the path `parent`/`name`, or NO_PATH.
+    std::size_t find_path(std::size_t parent, std::string_view name) const;
+
     template <typename IsAllowed>
     bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed);
     void report_located_error(int line, const std::string& msg);
     bool is_lowest_on_stack(unsigned n, std::va_list names) const;
 
-    std::vector<std::string_view> m_elem_stack;  // the names live in the document
-    std::string m_elem_stack_key;                // of m_elem_stack, kept up to date with it
+    // The names live in the document.
+    std::vector<std::string_view> m_elem_stack;
     bool m_debug;
-    std::map<std::string, unsigned> m_elem_counts;
-    VisitorCallbacks* m_callbacks;  // not owned, may be null
+    std::vector<CountedPath> m_elem_counts;  // begins with the empty path
+    std::size_t m_current_path = 0;          // entry of m_elem_stack in m_elem_counts
+    VisitorCallbacks* m_callbacks;           // not owned, may be null
 };
 
 }  // namespace vemo::xml

@@ -39,10 +39,7 @@ void write_part(std::ostream& os, const char* title, bool is_present, GetPart ge
 }  // namespace
 
 std::ostream& operator<<(std::ostream& os, const BoardSpec::Version& version) {
-    if (version.value == 0) {
-        return os << "<unknown>(" << version.value << ")";
-    }
-    return os << version.value;
+    return os << to_string(version);
 }
 
 std::ostream& operator<<(std::ostream& os, Interface::Type type) {

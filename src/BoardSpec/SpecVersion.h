@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace vemo::board {
 
 /// Version of the board file format: a single-precision number, with a printer of its own. 0 means
@@ -7,5 +9,8 @@ namespace vemo::board {
 struct SpecVersion {
     float value = 0.0f;
 };
+
+/// The version as users see it: six significant digits, in the "C" locale; "<unknown>(0)" for 0.
+std::string to_string(SpecVersion version);
 
 }  // namespace vemo::board

@@ -60,83 +60,86 @@ bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
 }
 
 bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
-    std::array<const char*, std::size(ATTRIBUTES)> allowed{};
-    std::transform(std::begin(ATTRIBUTES), std::end(ATTRIBUTES), allowed.begin(),
-                   [](const Attribute& attribute) { return attribute.name; });
+    std::array<FoundAttribute, std::size(ATTRIBUTES)> attributes{};
+    std::transform(std::begin(ATTRIBUTES), std::end(ATTRIBUTES), attributes.begin(),
+                   [](const Attribute& attribute) {
+                       return FoundAttribute{attribute.name, nullptr};
+                   });
     if (!(report_unexpected_elem_stack(elem, 0)
-          && report_unexpected_attrs(elem, allowed.size(), allowed.data()))) {
+          && find_attributes(elem, attributes.size(), attributes.data()))) {
         return !m_has_error;
     }
     m_intf = std::make_unique<Interface>();
-    for (const Attribute& attribute : ATTRIBUTES) {
-        if (!(this->*attribute.read)(elem, attribute.name)) {
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        if (!(this->*ATTRIBUTES[i].read)(elem, attributes[i])) {
             break;
         }
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_name(const XMLElement& elem, const char* name) {
-    return query_attribute(elem, name, &m_intf->name, REPORT, REQUIRED);
+bool InterfaceVisitor::read_name(const XMLElement& elem, const FoundAttribute& found) {
+    return query_attribute(elem, found, &m_intf->name, REPORT, REQUIRED);
 }
 
-bool InterfaceVisitor::read_ports(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_ports(const XMLElement& elem, const FoundAttribute& found) {
     std::string port_name;
-    if (query_attribute(elem, name, &port_name, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &port_name, REPORT, OPTIONAL)) {
         m_intf->add_port(port_name, Port::ReadWrite);
     }
     PortVisitor reader(this, m_intf.get());
     return walk_with(elem, &reader);
 }
 
-bool InterfaceVisitor::read_type(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_type(const XMLElement& elem, const FoundAttribute& found) {
     std::string word;
-    if (!query_attribute(elem, name, &word, REPORT, REQUIRED)) {
+    if (!query_attribute(elem, found, &word, REPORT, REQUIRED)) {
         return false;
     }
     const std::size_t type = index_of_word(TYPE_WORDS, word);
     if (type == std::size(TYPE_WORDS)) {
-        return report_attr_error(elem, name, "Unrecognized Varnel interface type '" + word + "'.");
+        return report_attr_error(elem, found.name,
+                                 "Unrecognized Varnel interface type '" + word + "'.");
     }
     m_intf->set_type(static_cast<Interface::Type>(type));
     return true;
 }
 
-bool InterfaceVisitor::read_width(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_width(const XMLElement& elem, const FoundAttribute& found) {
     unsigned width = 0;
-    if (query_attribute(elem, name, &width, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &width, REPORT, OPTIONAL)) {
         if (width == 0) {
-            return report_attr_error(elem, name, "Data width must be > 0.");
+            return report_attr_error(elem, found.name, "Data width must be > 0.");
         }
         m_intf->set_data_width(width);
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_maxburst(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_maxburst(const XMLElement& elem, const FoundAttribute& found) {
     unsigned maxburst = 0;
-    if (query_attribute(elem, name, &maxburst, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &maxburst, REPORT, OPTIONAL)) {
         if (maxburst == 0) {
-            return report_attr_error(elem, name, "Max burst count must be > 0.");
+            return report_attr_error(elem, found.name, "Max burst count must be > 0.");
         }
         m_intf->set_max_burst_count(maxburst);
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_address(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_address(const XMLElement& elem, const FoundAttribute& found) {
     unsigned64_hex address;
-    if (query_attribute(elem, name, &address, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &address, REPORT, OPTIONAL)) {
         m_intf->address = static_cast<unsigned>(address.value);
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_size(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_size(const XMLElement& elem, const FoundAttribute& found) {
     unsigned64_hex size;
-    if (query_attribute(elem, name, &size, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &size, REPORT, OPTIONAL)) {
         if (size.value == 0) {
-            return report_attr_error(elem, name, "Interface size must be > 0.");
+            return report_attr_error(elem, found.name, "Interface size must be > 0.");
         }
         // A multiple of 2^32 is not caught here: it meets the setter's assertion.
         m_intf->set_size(static_cast<unsigned>(size.value));
@@ -144,32 +147,32 @@ bool InterfaceVisitor::read_size(const XMLElement& elem, const char* name) {
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttribute& found) {
     std::string word;
-    if (query_attribute(elem, name, &word, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &word, REPORT, OPTIONAL)) {
         const std::size_t latency_type = index_of_word(LATENCY_TYPE_WORDS, word);
         if (latency_type == std::size(LATENCY_TYPE_WORDS)) {
             return report_attr_error(
-                elem, name, "Unrecognized latency type in Varnel interface '" + word + "'.");
+                elem, found.name, "Unrecognized latency type in Varnel interface '" + word + "'.");
         }
         m_intf->latency_type = static_cast<unsigned>(latency_type);
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_write_ack(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_write_ack(const XMLElement& elem, const FoundAttribute& found) {
     unsigned write_ack = 0;
-    if (query_attribute(elem, name, &write_ack, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &write_ack, REPORT, OPTIONAL)) {
         m_intf->bsp_vnmm_write_ack = write_ack != 0;
     }
     return !m_has_error;
 }
 
-bool InterfaceVisitor::read_sampling_rate(const XMLElement& elem, const char* name) {
+bool InterfaceVisitor::read_sampling_rate(const XMLElement& elem, const FoundAttribute& found) {
     float sampling_rate = 0.0f;
-    if (query_attribute(elem, name, &sampling_rate, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, found, &sampling_rate, REPORT, OPTIONAL)) {
         if (sampling_rate <= 0.0f) {
-            return report_attr_error(elem, name, "Interface sampling rate must be > 0.");
+            return report_attr_error(elem, found.name, "Interface sampling rate must be > 0.");
         }
         m_intf->set_sampling_rate(sampling_rate);
     }

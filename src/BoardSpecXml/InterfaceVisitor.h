@@ -26,7 +26,7 @@ private:
     /// An attribute, and the member that reads it into the interface.
     struct Attribute {
         const char* name;
-        bool (InterfaceVisitor::*read)(const XMLElement& elem, const char* name);
+        bool (InterfaceVisitor::*read)(const XMLElement& elem, const FoundAttribute& found);
     };
     static const Attribute ATTRIBUTES[18];
 
@@ -34,21 +34,21 @@ private:
 
     // The readers of ATTRIBUTES. Each returns whether no error has been reported.
 
-    bool read_name(const XMLElement& elem, const char* name);
-    bool read_ports(const XMLElement& elem, const char* name);
-    bool read_type(const XMLElement& elem, const char* name);
-    bool read_width(const XMLElement& elem, const char* name);
-    bool read_maxburst(const XMLElement& elem, const char* name);
-    bool read_address(const XMLElement& elem, const char* name);
-    bool read_size(const XMLElement& elem, const char* name);
-    bool read_latency_type(const XMLElement& elem, const char* name);
-    bool read_write_ack(const XMLElement& elem, const char* name);
-    bool read_sampling_rate(const XMLElement& elem, const char* name);
+    bool read_name(const XMLElement& elem, const FoundAttribute& found);
+    bool read_ports(const XMLElement& elem, const FoundAttribute& found);
+    bool read_type(const XMLElement& elem, const FoundAttribute& found);
+    bool read_width(const XMLElement& elem, const FoundAttribute& found);
+    bool read_maxburst(const XMLElement& elem, const FoundAttribute& found);
+    bool read_address(const XMLElement& elem, const FoundAttribute& found);
+    bool read_size(const XMLElement& elem, const FoundAttribute& found);
+    bool read_latency_type(const XMLElement& elem, const FoundAttribute& found);
+    bool read_write_ack(const XMLElement& elem, const FoundAttribute& found);
+    bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
     /// Reads an optional attribute that has no rule of its own into `Field`.
     template <auto Field>
-    bool read_plain(const XMLElement& elem, const char* name) {
-        query_attribute(elem, name, &(m_intf.get()->*Field), REPORT, OPTIONAL);
+    bool read_plain(const XMLElement& elem, const FoundAttribute& found) {
+        query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, OPTIONAL);
         return !m_has_error;
     }
 

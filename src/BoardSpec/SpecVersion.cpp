@@ -1,0 +1,21 @@
+#include "BoardSpec/SpecVersion.h"
+
+#include <charconv>
+
+namespace vemo::board {
+namespace {
+
+constexpr int SIGNIFICANT_DIGITS = 6;
+constexpr std::size_t LONGEST_TEXT = 16;  // of six digits, with sign, point and exponent
+
+}  // namespace
+
+std::string to_string(SpecVersion version) {
+    char text[LONGEST_TEXT];
+    const std::to_chars_result result = std::to_chars(
+        text, text + LONGEST_TEXT, version.value, std::chars_format::general, SIGNIFICANT_DIGITS);
+    const std::string number(text, result.ptr);
+    return version.value == 0 ? "<unknown>(" + number + ")" : number;
+}
+
+}  // namespace vemo::board
