@@ -72,9 +72,7 @@ std::string resolved_target_model(const AnswerSources& sources) { return sources
 
 std::string target_model(const AnswerSources& sources) { return sources.dm->target_model; }
 
-std::string board_version(const AnswerSources& sources) {
-    return to_string(sources.spec->version);
-}
+std::string board_version(const AnswerSources& sources) { return to_string(sources.spec->version); }
 
 }  // namespace
 

@@ -1,21 +1,13 @@
 #include "BaseVisitor.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <limits>
-#include <utility>
 
 #include "Assert.h"
 #include "BaseXmlLoader.h"
 
 namespace vemo::xml {
 namespace {
-
-constexpr std::size_t NO_PATH = static_cast<std::size_t>(-1);
-
-/// Enough for the stack and the counts of most visitors.
-constexpr std::size_t USUAL_NUM_PATHS = 8;
 
 /// A tool that lives for a millisecond does nothing more often than this.
 bool equal(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
@@ -28,7 +20,7 @@ const tinyxml2::XMLAttribute* find_attribute(const tinyxml2::XMLElement& elem, c
     return attribute;
 }
 
-// The reading of an attribute's text, one overload a type.
+// The reading of an attribute's text, one overload a type. `*value` is left alone on failure.
 
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, std::string* value) {
     *value = attribute.Value();
@@ -36,7 +28,12 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, std::string* val
 }
 
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned* value) {
-    return convert_to_unsigned(attribute.Value(), value, 10);
+    unsigned number = 0;
+    if (!convert_to_unsigned(attribute.Value(), &number, 10)) {
+        return false;
+    }
+    *value = number;
+    return true;
 }
 
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, int* value) {
@@ -51,22 +48,20 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, bool* value) {
     return attribute.QueryBoolValue(value) == tinyxml2::XML_SUCCESS;
 }
 
-bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned_hex* value) {
-    return convert_word(attribute.Value(), value);
-}
-
-bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned64_hex* value) {
-    return convert_word(attribute.Value(), value);
+template <typename HexNumber>
+bool convert_attribute(const tinyxml2::XMLAttribute& attribute, HexNumber* value) {
+    HexNumber number;
+    if (!convert_word(attribute.Value(), &number)) {
+        return false;
+    }
+    *value = number;
+    return true;
 }
 
 }  // namespace
 
 BaseVisitor::BaseVisitor(VisitorCallbacks* callbacks, bool debug)
-    : m_debug(debug), m_callbacks(callbacks) {
-    m_elem_stack.reserve(USUAL_NUM_PATHS);
-    m_elem_counts.reserve(USUAL_NUM_PATHS);
-    m_elem_counts.push_back({NO_PATH, "", 0});
-}
+    : m_debug(debug), m_callbacks(callbacks) {}
 
 BaseVisitor::BaseVisitor(BaseVisitor* parent) : BaseVisitor(nullptr, false) {
     VEMO_ASSERT(parent != 0);
@@ -88,16 +83,9 @@ bool BaseVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute*) {
     if (m_has_error) {
         return false;
     }
-    m_elem_stack.emplace_back(elem.Value());
-    std::size_t path = find_path(m_current_path, m_elem_stack.back());
-    if (path == NO_PATH) {
-        path = m_elem_counts.size();
-        m_elem_counts.push_back({m_current_path, m_elem_stack.back(), 0});
-    }
-    m_current_path = path;
-    ++get_elem_stack_count_entry();
+    m_elem_stack.push(elem.Value());
     if (m_debug) {
-        debug("[xml] entering " + get_elem_stack_key() + "\n");
+        trace("entering");
     }
     return !m_has_error;
 }
@@ -109,11 +97,14 @@ bool BaseVisitor::VisitExit(const XMLElement& elem) {
     VEMO_ASSERT(m_elem_stack.size() > 0);  // NOLINT(readability-container-size-empty): its text
     VEMO_ASSERT(m_elem_stack.back() == elem.Value());
     if (m_debug) {
-        debug("[xml] exiting " + get_elem_stack_key() + "\n");
+        trace("exiting");
     }
-    m_elem_stack.pop_back();
-    m_current_path = m_elem_counts[m_current_path].parent;
+    m_elem_stack.pop();
     return !m_has_error;
+}
+
+void BaseVisitor::trace(const char* action) const {
+    debug(std::string("[xml] ") + action + " " + get_elem_stack_key() + "\n");
 }
 
 // All data is in attributes: what stands between elements is passed over.
@@ -137,28 +128,9 @@ void BaseVisitor::debug(const std::string& text) const {
     }
 }
 
-std::string BaseVisitor::get_elem_stack_key() const {
-    std::string key;
-    for (const std::string_view name : m_elem_stack) {
-        if (!key.empty()) {
-            key += '/';
-        }
-        key += name;
-    }
-    return key;
-}
+std::string BaseVisitor::get_elem_stack_key() const { return m_elem_stack.key(); }
 
-unsigned& BaseVisitor::get_elem_stack_count_entry() { return m_elem_counts[m_current_path].count; }
-
-std::size_t BaseVisitor::find_path(std::size_t parent, std::string_view name) const {
-    // A schema has few paths, and an element outside it ends the walk.
-    for (std::size_t path = 0; path < m_elem_counts.size(); ++path) {
-        if (m_elem_counts[path].parent == parent && m_elem_counts[path].name == name) {
-            return path;
-        }
-    }
-    return NO_PATH;
-}
+unsigned& BaseVisitor::get_elem_stack_count_entry() { return m_elem_stack.count(); }
 
 unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
     std::va_list names;
@@ -169,14 +141,7 @@ unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
 }
 
 unsigned BaseVisitor::get_element_count_va(unsigned n, std::va_list names) const {
-    std::size_t path = 0;
-    for (unsigned i = 0; i < n; ++i) {
-        path = find_path(path, va_arg(names, const char*));
-        if (path == NO_PATH) {
-            return 0;
-        }
-    }
-    return m_elem_counts[path].count;
+    return m_elem_stack.count_of(n, names);
 }
 
 bool BaseVisitor::check_element_stack(unsigned n, ...) const {
@@ -188,7 +153,7 @@ bool BaseVisitor::check_element_stack(unsigned n, ...) const {
 }
 
 bool BaseVisitor::check_element_stack_va(unsigned n, std::va_list names) const {
-    return m_elem_stack.size() == std::size_t{n} + 1 && is_lowest_on_stack(n, names);
+    return m_elem_stack.size() == std::size_t{n} + 1 && m_elem_stack.begins_with(n, names);
 }
 
 bool BaseVisitor::check_element_stack_with_top(unsigned n, ...) const {
@@ -200,19 +165,7 @@ bool BaseVisitor::check_element_stack_with_top(unsigned n, ...) const {
 }
 
 bool BaseVisitor::check_element_stack_with_top_va(unsigned n, std::va_list names) const {
-    return m_elem_stack.size() == n && is_lowest_on_stack(n, names);
-}
-
-/// Whether the lowest `n` names of the stack, which holds that many, are `names`.
-bool BaseVisitor::is_lowest_on_stack(unsigned n, std::va_list names) const {
-    for (unsigned i = 0; i < n; ++i) {
-        const char* elem_name = va_arg(names, const char*);
-        VEMO_ASSERT(elem_name != 0);
-        if (m_elem_stack[i] != elem_name) {
-            return false;
-        }
-    }
-    return true;
+    return m_elem_stack.size() == n && m_elem_stack.begins_with(n, names);
 }
 
 bool BaseVisitor::attribute_exists(const XMLElement& elem, const char* name) {
@@ -424,12 +377,8 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
     if (found.attribute == nullptr) {
         return report && required && report_missing_attr(elem, found.name, "");
     }
-    T converted{};
-    if (!convert_attribute(*found.attribute, &converted)) {
-        return report && report_attr_type_error(elem, found.name, "");
-    }
-    *value = std::move(converted);
-    return true;
+    return convert_attribute(*found.attribute, value)
+           || (report && report_attr_type_error(elem, found.name, ""));
 }
 
 // The types of attribute that there are.

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdarg>
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <tinyxml2.h>
 
+#include "ElementStack.h"
 #include "UnsignedNumber.h"
 
 namespace vemo::xml {
@@ -153,6 +153,9 @@ public:
                          bool required);
 
 protected:
+    /// Name of the element that has been entered last and not been left.
+    std::string_view current_name() const { return m_elem_stack.back(); }
+
     /// Whether the current element is the one that the walk started on.
     bool is_root_of_walk() const { return m_elem_stack.size() == 1; }
 
@@ -172,27 +175,14 @@ protected:
     bool m_has_error = false;
 
 private:
-    /// A path that was entered: the entry of the path above it, the last name, and how often.
-    struct CountedPath {
-        std::size_t parent;
-        std::string_view name;
-        unsigned count;
-    };
-
-    /// The entry of the path `parent`/`name`, or NO_PATH.
-    std::size_t find_path(std::size_t parent, std::string_view name) const;
-
     template <typename IsAllowed>
     bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed);
     void report_located_error(int line, const std::string& msg);
-    bool is_lowest_on_stack(unsigned n, std::va_list names) const;
+    void trace(const char* action) const;
 
-    // The names live in the document.
-    std::vector<std::string_view> m_elem_stack;
+    ElementStack m_elem_stack;  // its names live in the document
     bool m_debug;
-    std::vector<CountedPath> m_elem_counts;  // begins with the empty path
-    std::size_t m_current_path = 0;          // entry of m_elem_stack in m_elem_counts
-    VisitorCallbacks* m_callbacks;           // not owned, may be null
+    VisitorCallbacks* m_callbacks;  // not owned, may be null
 };
 
 }  // namespace vemo::xml

@@ -62,21 +62,27 @@ public:
     static std::string doc_to_string(tinyxml2::XMLDocument* doc);
 
 protected:
+    /// What a loader keeps of its debug switch: doc_to_string when it is on, null when it is off.
+    /// The tool, where the switch is always off, is thereby linked without the printer, whose many
+    /// virtual functions would cost each run more than reading a device model does.
+    using Echo = std::string (*)(tinyxml2::XMLDocument*);
+    static constexpr Echo echo_if(bool debug) { return debug ? doc_to_string : nullptr; }
+
     /// The load step that all loaders share: lets a new `Visitor` fill a new `Model` from `doc`,
-    /// echoing the document first when `debug_enabled`. Takes ownership of `doc`, which may be null
-    /// (the parse has failed and was reported). Returns the model, owned by the caller, or null
-    /// when an error was reported.
+    /// echoing the document first if there is an `echo`. Takes ownership of `doc`, which may be
+    /// null (the parse has failed and was reported). Returns the model, owned by the caller, or
+    /// null when an error was reported.
     template <typename Model, typename Visitor, typename... Flags>
-    Model* load_document(tinyxml2::XMLDocument* doc, bool debug_enabled, Flags... flags) {
+    Model* load_document(tinyxml2::XMLDocument* doc, Echo echo, Flags... flags) {
         const std::unique_ptr<tinyxml2::XMLDocument> owned_doc(doc);
         if (doc == nullptr) {
             return nullptr;
         }
-        if (debug_enabled) {
-            debug(doc_to_string(doc));
+        if (echo != nullptr) {
+            debug(echo(doc));
         }
         auto model = std::make_unique<Model>();
-        Visitor visitor(model.get(), this, debug_enabled, flags...);
+        Visitor visitor(model.get(), this, echo != nullptr, flags...);
         return doc->Accept(&visitor) ? model.release() : nullptr;
     }
 

@@ -34,7 +34,7 @@ DeviceModelVisitor::DeviceModelVisitor(DeviceModel* dm, vemo::xml::VisitorCallba
 
 bool DeviceModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "device_model") {
         return visit_device_model_elem(elem);
     }
@@ -108,7 +108,7 @@ bool DeviceModelVisitor::visit_resources_single_elem(const XMLElement& elem) {
           && query_attribute(elem, "num", &num, REPORT, REQUIRED))) {
         return !m_has_error;
     }
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     DeviceResources& resources = m_dm->get_resources();
     if (name == "alms") {
         resources.LEs = 2 * num;  // an ALM counts as two logic elements
@@ -125,7 +125,7 @@ bool DeviceModelVisitor::visit_resources_single_elem(const XMLElement& elem) {
 }
 
 bool DeviceModelVisitor::VisitExit(const XMLElement& elem) {
-    if (m_has_error || elem.Value() != std::string_view("device_model")) {
+    if (m_has_error || current_name() != "device_model") {
         return BaseVisitor::VisitExit(elem);
     }
     if (!report_unexpected_elem_count(elem, 1, 2, "device_model", "fmax")) {

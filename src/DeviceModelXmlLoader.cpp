@@ -9,8 +9,6 @@
 
 namespace vemo::dmodel {
 
-DeviceModelXmlLoader::DeviceModelXmlLoader(bool debug) : m_debug(debug) {}
-
 DeviceModel* DeviceModelXmlLoader::load_file(const char* filename) {
     return load_target_model(parse_file(filename));
 }
@@ -20,7 +18,7 @@ DeviceModel* DeviceModelXmlLoader::load_xml(const char* xml) {
 }
 
 DeviceModel* DeviceModelXmlLoader::load_target_model(tinyxml2::XMLDocument* doc) {
-    return load_document<DeviceModel, xml::DeviceModelVisitor>(doc, m_debug);
+    return load_document<DeviceModel, xml::DeviceModelVisitor>(doc, m_echo);
 }
 
 std::string DeviceModelXmlLoader::resolve_device_model_file(

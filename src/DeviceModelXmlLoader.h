@@ -11,7 +11,7 @@ namespace vemo::dmodel {
 class DeviceModelXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
     /// With `debug`, each document is echoed to standard error and its walk traced there.
-    explicit DeviceModelXmlLoader(bool debug);
+    explicit DeviceModelXmlLoader(bool debug) : m_echo(echo_if(debug)) {}
 
     // The loads return a model owned by the caller, or null when an error was reported.
 
@@ -29,7 +29,7 @@ public:
                                           const std::string& board_spec_path) const;
 
 private:
-    bool m_debug;
+    Echo m_echo;
 };
 
 }  // namespace vemo::dmodel

@@ -10,8 +10,6 @@
 
 namespace vemo::tmodel {
 
-TargetModelXmlLoader::TargetModelXmlLoader(bool debug) : m_debug(debug) {}
-
 TargetModel* TargetModelXmlLoader::load_file(const char* filename) {
     return load_target_model(parse_file(filename));
 }
@@ -21,7 +19,7 @@ TargetModel* TargetModelXmlLoader::load_xml(const char* xml) {
 }
 
 TargetModel* TargetModelXmlLoader::load_target_model(tinyxml2::XMLDocument* doc) {
-    return load_document<TargetModel, xml::TargetModelVisitor>(doc, m_debug);
+    return load_document<TargetModel, xml::TargetModelVisitor>(doc, m_echo);
 }
 
 std::string TargetModelXmlLoader::resolve_target_model_file(const std::string& tm_path,
@@ -60,7 +58,7 @@ bool TargetModelXmlLoader::exists(const char* what, const std::string& path) con
 }
 
 void TargetModelXmlLoader::trace(const char* label, const std::string& text) const {
-    if (m_debug) {
+    if (m_echo != nullptr) {
         std::printf("%s%s\n", label, text.c_str());
     }
 }

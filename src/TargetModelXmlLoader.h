@@ -12,7 +12,7 @@ class TargetModelXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
     /// With `debug`, each document is echoed to standard error and its walk traced there, and the
     /// search for a model file is traced on standard output.
-    explicit TargetModelXmlLoader(bool debug);
+    explicit TargetModelXmlLoader(bool debug) : m_echo(echo_if(debug)) {}
 
     // The loads return a model owned by the caller, or null when an error was reported.
 
@@ -36,7 +36,7 @@ private:
     /// Writes `label`, `text` and a newline to standard output when debugging.
     void trace(const char* label, const std::string& text) const;
 
-    bool m_debug;
+    Echo m_echo;
 };
 
 }  // namespace vemo::tmodel

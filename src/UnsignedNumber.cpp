@@ -1,8 +1,10 @@
 #include "UnsignedNumber.h"
 
-#include <cstdlib>
+#include <charconv>
+#include <cstring>
 #include <limits>
 #include <string>
+#include <system_error>
 
 namespace vemo::xml {
 namespace {
@@ -13,27 +15,34 @@ bool is_decimal_digit(char c) { return c >= '0' && c <= '9'; }
 
 bool is_blank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-/// The base that the prefix of `text` selects. The C library would know it as well, but newer ones
-/// also take "0b", which is no number here.
+bool has_hex_prefix(const char* text) {
+    return text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+
 int base_of_prefix(const char* text) {
-    if (text[0] != '0') {
-        return 10;
+    if (has_hex_prefix(text)) {
+        return 16;
     }
-    return text[1] == 'x' || text[1] == 'X' ? 16 : 8;
+    return text[0] == '0' ? 8 : 10;
 }
 
 template <typename Unsigned>
 bool convert(const char* text, Unsigned* out, int base) {
-    if (!is_decimal_digit(text[0])) {
+    if (!is_decimal_digit(*text)) {
         return false;
     }
-    char* end = nullptr;
-    // Saturates at 64 bits by itself.
-    const auto number =
-        std::strtoull(text, &end, base == BASE_BY_PREFIX ? base_of_prefix(text) : base);
-    constexpr auto LARGEST = std::numeric_limits<Unsigned>::max();
-    *out = number > LARGEST ? LARGEST : static_cast<Unsigned>(number);
-    return *end == '\0';
+    if (base == BASE_BY_PREFIX) {
+        base = base_of_prefix(text);
+    }
+    if (base == 16 && has_hex_prefix(text)) {
+        text += 2;
+    }
+    const char* text_end = text + std::strlen(text);
+    Unsigned number = 0;  // what a mere prefix gives
+    const std::from_chars_result result = std::from_chars(text, text_end, number, base);
+    const bool is_too_large = result.ec == std::errc::result_out_of_range;
+    *out = is_too_large ? std::numeric_limits<Unsigned>::max() : number;
+    return result.ec != std::errc::invalid_argument && result.ptr == text_end;
 }
 
 template <typename Number>

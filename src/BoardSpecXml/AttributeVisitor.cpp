@@ -13,7 +13,7 @@ AttributeVisitor::AttributeVisitor(BaseVisitor* parent, Port* port)
 
 bool AttributeVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "port" && is_root_of_walk()) {
         return true;
     }

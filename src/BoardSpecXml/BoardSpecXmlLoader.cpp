@@ -4,9 +4,6 @@
 
 namespace vemo::board {
 
-BoardSpecXmlLoader::BoardSpecXmlLoader(bool debug, bool skip_overlap)
-    : m_debug(debug), m_skip_overlap(skip_overlap) {}
-
 BoardSpec* BoardSpecXmlLoader::load_file(const char* filename) {
     return load_board_spec(parse_file(filename));
 }
@@ -14,7 +11,7 @@ BoardSpec* BoardSpecXmlLoader::load_file(const char* filename) {
 BoardSpec* BoardSpecXmlLoader::load_xml(const char* xml) { return load_board_spec(parse_xml(xml)); }
 
 BoardSpec* BoardSpecXmlLoader::load_board_spec(tinyxml2::XMLDocument* doc) {
-    return load_document<BoardSpec, xml::BoardVisitor>(doc, m_debug, m_skip_overlap);
+    return load_document<BoardSpec, xml::BoardVisitor>(doc, m_echo, m_skip_overlap);
 }
 
 }  // namespace vemo::board

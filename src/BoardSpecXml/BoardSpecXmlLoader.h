@@ -10,7 +10,8 @@ class BoardSpecXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
     /// With `debug`, each document is echoed to standard error and its walk traced there. With
     /// `skip_overlap`, global memories may overlap.
-    BoardSpecXmlLoader(bool debug, bool skip_overlap);
+    BoardSpecXmlLoader(bool debug, bool skip_overlap)
+        : m_echo(echo_if(debug)), m_skip_overlap(skip_overlap) {}
 
     // The loads return a specification owned by the caller, or null when an error was reported.
 
@@ -21,7 +22,7 @@ public:
     BoardSpec* load_board_spec(tinyxml2::XMLDocument* doc);
 
 private:
-    bool m_debug;
+    Echo m_echo;
     bool m_skip_overlap;
 };
 

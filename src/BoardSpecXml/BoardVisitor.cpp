@@ -40,7 +40,7 @@ BoardVisitor::BoardVisitor(BoardSpec* spec, vemo::xml::VisitorCallbacks* callbac
 
 bool BoardVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "board") {
         return visit_board_elem(elem);
     }

@@ -1,8 +1,9 @@
 #include "BoardSpecXml/ChannelsVisitor.h"
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
-#include <unordered_set>
+#include <vector>
 
 #include "Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
@@ -16,7 +17,7 @@ ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool ChannelsVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "channels") {
         return visit_channels_elem(elem);
     }
@@ -58,21 +59,27 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view("channels") && !check_channel_ids(elem)) {
+    if (!m_has_error && current_name() == "channels" && !check_channel_ids(elem)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);
 }
 
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
-    std::unordered_set<std::string_view> seen;
-    for (const Interface* intf : m_spec->get_channel_config().get_interfaces()) {
+    std::vector<std::string_view> ids;  // up to the first empty one, which ends the check
+    const auto& channels = m_spec->get_channel_config().get_interfaces();
+    for (const Interface* intf : channels) {
         if (intf->chan_id.empty()) {
-            return report_error(elem, "Empty channel ID name.");
+            break;
         }
-        if (!seen.insert(intf->chan_id).second) {
-            return report_error(elem, "Two or more channels share the same channel ID.");
-        }
+        ids.emplace_back(intf->chan_id);
+    }
+    std::sort(ids.begin(), ids.end());
+    if (std::adjacent_find(ids.begin(), ids.end()) != ids.end()) {
+        return report_error(elem, "Two or more channels share the same channel ID.");
+    }
+    if (ids.size() < channels.size()) {
+        return report_error(elem, "Empty channel ID name.");
     }
     return true;
 }

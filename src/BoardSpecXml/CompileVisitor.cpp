@@ -26,7 +26,7 @@ CompileVisitor::CompileVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool CompileVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "compile") {
         return visit_compile_elem(elem);
     }
@@ -122,7 +122,7 @@ bool CompileVisitor::visit_auto_migration_single_elem(const XMLElement& elem) {
           && query_attribute(elem, "fixes", &fixes, REPORT, REQUIRED))) {
         return !m_has_error;
     }
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "include") {
         m_config->automigrate_include = fixes;
     } else if (name == "exclude") {
@@ -140,7 +140,7 @@ bool CompileVisitor::VisitExit(const XMLElement& elem) {
                 return false;
             }
         } else {
-            leave_named_flow_elem(elem);
+            leave_named_flow_elem();
         }
     }
     return BaseVisitor::VisitExit(elem);
@@ -151,7 +151,7 @@ bool CompileVisitor::has_unnamed_flows() const {
 }
 
 bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "compile" && m_spec->version.value < BoardSpec::Version_14_1) {
         return report_error(elem, "Compile not supported in this version.");
     }
@@ -162,8 +162,8 @@ bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
     return true;
 }
 
-void CompileVisitor::leave_named_flow_elem(const XMLElement& elem) {
-    const std::string_view name = elem.Value();
+void CompileVisitor::leave_named_flow_elem() {
+    const std::string_view name = current_name();
     CompileConfig* compile_config = m_config;
     if (name == "auto_migrate") {
         compile_config->automigrate_present = true;

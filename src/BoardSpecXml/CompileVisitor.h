@@ -34,7 +34,7 @@ private:
     /// are optional.
     bool has_unnamed_flows() const;
     bool leave_unnamed_flow_elem(const XMLElement& elem);
-    void leave_named_flow_elem(const XMLElement& elem);
+    void leave_named_flow_elem();
 
     BoardSpec* m_spec;
     CompileConfig* m_config = nullptr;  // owned by m_spec

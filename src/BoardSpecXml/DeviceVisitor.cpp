@@ -13,7 +13,7 @@ DeviceVisitor::DeviceVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool DeviceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "device") {
         return visit_device_elem(elem);
     }
@@ -55,7 +55,7 @@ bool DeviceVisitor::visit_used_resources_single_elem(const XMLElement& elem) {
           && query_attribute(elem, "num", &num, REPORT, REQUIRED))) {
         return !m_has_error;
     }
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     dmodel::DeviceResources& resources = m_spec->get_device_config().get_used_resources();
     if (name == "alms") {
         resources.LEs = 2 * num;  // an ALM counts as two logic elements
@@ -74,7 +74,7 @@ bool DeviceVisitor::visit_used_resources_single_elem(const XMLElement& elem) {
 }
 
 bool DeviceVisitor::VisitExit(const XMLElement& elem) {
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (!m_has_error && name == "used_resources" && !check_used_resources(elem)) {
         return false;
     }

@@ -24,7 +24,7 @@ GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "global_mem") {
         return visit_global_mem_elem(elem);
     }
@@ -114,7 +114,7 @@ bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
 }
 
 bool GlobalMemVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view("global_mem") && !check_interfaces(elem)) {
+    if (!m_has_error && current_name() == "global_mem" && !check_interfaces(elem)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);

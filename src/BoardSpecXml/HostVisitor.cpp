@@ -14,7 +14,7 @@ HostVisitor::HostVisitor(BaseVisitor* parent, BoardSpec* spec) : BaseVisitor(par
 
 bool HostVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "host") {
         return visit_host_elem(elem);
     }
@@ -53,7 +53,7 @@ bool HostVisitor::visit_kernel_config_elem(const XMLElement& elem) {
 }
 
 bool HostVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view("host")
+    if (!m_has_error && current_name() == "host"
         && m_spec->get_host_config().get_kernel_config_size() == 0) {
         return report_error(
             "Missing kernel configuration (<kernel_config>) in host specification (<host>).");

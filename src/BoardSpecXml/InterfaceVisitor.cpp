@@ -53,7 +53,7 @@ bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
     if (is_root_of_walk()) {
         return visit_vnl_interface_elem(elem);
     }
-    if (elem.Value() == std::string_view("port")) {
+    if (current_name() == "port") {
         return false;  // the PortVisitor has read it
     }
     return report_unexpected_elem(elem, "");

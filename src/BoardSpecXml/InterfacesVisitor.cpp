@@ -14,7 +14,7 @@ InterfacesVisitor::InterfacesVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool InterfacesVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "interfaces") {
         return visit_interfaces_elem(elem);
     }
@@ -64,7 +64,7 @@ bool InterfacesVisitor::visit_kernel_clk_reset_elem(const XMLElement& elem) {
 }
 
 bool InterfacesVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view("interfaces")
+    if (!m_has_error && current_name() == "interfaces"
         && !m_spec->get_interface_config().has_kernel_clk_reset()) {
         return report_error("Missing kernel clock-reset interface (<kernel_clk_reset>).");
     }

@@ -23,7 +23,7 @@ PortVisitor::PortVisitor(BaseVisitor* parent, Interface* intf) : BaseVisitor(par
 
 bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "interface") {
         return true;
     }

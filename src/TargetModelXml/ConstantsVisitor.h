@@ -70,7 +70,7 @@ protected:
             return false;
         }
         for (const Constant<Model>& constant : constants) {
-            if (elem.Value() == std::string_view(constant.name)) {
+            if (current_name() == constant.name) {
                 constant.read(this, elem, model);
                 return !m_has_error;
             }

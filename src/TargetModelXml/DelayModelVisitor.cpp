@@ -24,8 +24,7 @@ DelayModelVisitor::DelayModelVisitor(BaseVisitor* parent, TargetModel* tm)
 
 bool DelayModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return elem.Value() == std::string_view(ELEMENT) ? visit_delay_model_elem(elem)
-                                                     : visit_constant_elem(elem);
+    return current_name() == ELEMENT ? visit_delay_model_elem(elem) : visit_constant_elem(elem);
 }
 
 bool DelayModelVisitor::visit_delay_model_elem(const XMLElement& elem) {
@@ -41,8 +40,7 @@ bool DelayModelVisitor::visit_constant_elem(const XMLElement& elem) {
 }
 
 bool DelayModelVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)
-        && !check_constants(elem, CONSTANTS)) {
+    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);

@@ -28,8 +28,7 @@ FamilyModelVisitor::FamilyModelVisitor(BaseVisitor* parent, TargetModel* tm)
 
 bool FamilyModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return elem.Value() == std::string_view(ELEMENT) ? visit_family_info_elem(elem)
-                                                     : visit_constant_elem(elem);
+    return current_name() == ELEMENT ? visit_family_info_elem(elem) : visit_constant_elem(elem);
 }
 
 bool FamilyModelVisitor::visit_family_info_elem(const XMLElement& elem) {
@@ -45,8 +44,7 @@ bool FamilyModelVisitor::visit_constant_elem(const XMLElement& elem) {
 }
 
 bool FamilyModelVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)
-        && !check_constants(elem, CONSTANTS)) {
+    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);

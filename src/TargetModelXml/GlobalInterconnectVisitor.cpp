@@ -35,8 +35,8 @@ GlobalInterconnectVisitor::GlobalInterconnectVisitor(BaseVisitor* parent, Target
 bool GlobalInterconnectVisitor::VisitEnter(const XMLElement& elem,
                                            const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return elem.Value() == std::string_view(ELEMENT) ? visit_global_interconnect_elem(elem)
-                                                     : visit_constant_elem(elem);
+    return current_name() == ELEMENT ? visit_global_interconnect_elem(elem)
+                                     : visit_constant_elem(elem);
 }
 
 bool GlobalInterconnectVisitor::visit_global_interconnect_elem(const XMLElement& elem) {
@@ -52,8 +52,7 @@ bool GlobalInterconnectVisitor::visit_constant_elem(const XMLElement& elem) {
 }
 
 bool GlobalInterconnectVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)
-        && !check_constants(elem, CONSTANTS)) {
+    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);

@@ -31,8 +31,8 @@ LocalMemFmaxDegradationVisitor::LocalMemFmaxDegradationVisitor(BaseVisitor* pare
 bool LocalMemFmaxDegradationVisitor::VisitEnter(const XMLElement& elem,
                                                 const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return elem.Value() == std::string_view(ELEMENT) ? visit_fmax_degradation_elem(elem)
-                                                     : visit_constant_elem(elem);
+    return current_name() == ELEMENT ? visit_fmax_degradation_elem(elem)
+                                     : visit_constant_elem(elem);
 }
 
 bool LocalMemFmaxDegradationVisitor::visit_fmax_degradation_elem(const XMLElement& elem) {
@@ -49,8 +49,7 @@ bool LocalMemFmaxDegradationVisitor::visit_constant_elem(const XMLElement& elem)
 }
 
 bool LocalMemFmaxDegradationVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)
-        && !check_constants(elem, CONSTANTS)) {
+    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
         return false;
     }
     return BaseVisitor::VisitExit(elem);

@@ -32,7 +32,7 @@ LocalMemVisitor::LocalMemVisitor(BaseVisitor* parent, TargetModel* tm)
 
 bool LocalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == ELEMENT) {
         return visit_local_mem_elem(elem);
     }
@@ -61,7 +61,7 @@ bool LocalMemVisitor::visit_constant_elem(const XMLElement& elem) {
 }
 
 bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && elem.Value() == std::string_view(ELEMENT)) {
+    if (!m_has_error && current_name() == ELEMENT) {
         if (!check_constants(elem, CONSTANTS)) {
             return false;
         }

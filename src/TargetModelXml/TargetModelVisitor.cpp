@@ -18,7 +18,7 @@ TargetModelVisitor::TargetModelVisitor(TargetModel* tm, vemo::xml::VisitorCallba
 
 bool TargetModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = elem.Value();
+    const std::string_view name = current_name();
     if (name == "target_model") {
         return visit_target_model_elem(elem);
     }
