@@ -1,24 +1,12 @@
 #include "BaseVisitor.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Assert.h"
 #include "BaseXmlLoader.h"
 
 namespace vemo::xml {
 namespace {
-
-/// A tool that lives for a millisecond does nothing more often than this.
-bool equal(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
-
-const tinyxml2::XMLAttribute* find_attribute(const tinyxml2::XMLElement& elem, const char* name) {
-    const tinyxml2::XMLAttribute* attribute = elem.FirstAttribute();
-    while (attribute != nullptr && !equal(attribute->Name(), name)) {
-        attribute = attribute->Next();
-    }
-    return attribute;
-}
 
 // The reading of an attribute's text, one overload a type. `*value` is left alone on failure.
 
@@ -168,6 +156,15 @@ bool BaseVisitor::check_element_stack_with_top_va(unsigned n, std::va_list names
     return m_elem_stack.size() == n && m_elem_stack.begins_with(n, names);
 }
 
+const tinyxml2::XMLAttribute* BaseVisitor::find_attribute(const XMLElement& elem,
+                                                          const char* name) {
+    const XMLAttribute* attribute = elem.FirstAttribute();
+    while (attribute != nullptr && !equal(attribute->Name(), name)) {
+        attribute = attribute->Next();
+    }
+    return attribute;
+}
+
 bool BaseVisitor::attribute_exists(const XMLElement& elem, const char* name) {
     return find_attribute(elem, name) != nullptr;
 }
@@ -305,16 +302,8 @@ bool BaseVisitor::report_attr_error(const XMLElement& elem, const std::string& a
     return attribute == nullptr ? report_error(elem, msg) : report_error(*attribute, msg);
 }
 
-template <typename IsAllowed>
-bool BaseVisitor::report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed) {
-    for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
-         attribute = attribute->Next()) {
-        if (!is_allowed(*attribute)) {
-            report_error(*attribute,
-                         std::string("Unexpected attribute '") + attribute->Name() + "'.");
-        }
-    }
-    return !m_has_error;
+void BaseVisitor::report_unexpected_attr(const XMLAttribute& attribute) {
+    report_error(attribute, std::string("Unexpected attribute '") + attribute.Name() + "'.");
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem,
@@ -348,20 +337,6 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,
         const char* name = attribute.Name();
         return std::any_of(allowed, allowed + n,
                            [name](const char* allowed_name) { return equal(name, allowed_name); });
-    });
-}
-
-bool BaseVisitor::find_attributes(const XMLElement& elem, unsigned n, FoundAttribute* allowed) {
-    return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
-        const char* name = attribute.Name();
-        const auto found = std::find_if(allowed, allowed + n, [name](const FoundAttribute& entry) {
-            return equal(name, entry.name);
-        });
-        if (found == allowed + n) {
-            return false;
-        }
-        found->attribute = &attribute;
-        return true;
     });
 }
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdarg>
+#include <cstddef>
+#include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -144,8 +148,23 @@ public:
         const XMLAttribute* attribute;
     };
 
-    /// report_unexpected_attrs with the names of `allowed`, which also looks all of them up.
-    bool find_attributes(const XMLElement& elem, unsigned n, FoundAttribute* allowed);
+    /// report_unexpected_attrs with the `name`s of the rows of a table, which also looks all of
+    /// them up: `found` gets a row's attribute, or null, at the row's index.
+    template <typename Row, std::size_t N>
+    bool find_attributes(const XMLElement& elem, const Row (&rows)[N],
+                         const XMLAttribute* (&found)[N]) {
+        std::fill(std::begin(found), std::end(found), nullptr);
+        return report_attrs_unless(elem, [&rows, &found](const XMLAttribute& attribute) {
+            const char* name = attribute.Name();
+            for (std::size_t i = 0; i < N; ++i) {
+                if (equal(name, rows[i].name)) {
+                    found[i] = &attribute;
+                    return true;
+                }
+            }
+            return false;
+        });
+    }
 
     /// query_attribute for an attribute of `elem` that has been looked up.
     template <typename T>
@@ -153,6 +172,8 @@ public:
                          bool required);
 
 protected:
+    bool is_tracing() const { return m_debug; }
+
     /// Name of the element that has been entered last and not been left.
     std::string_view current_name() const { return m_elem_stack.back(); }
 
@@ -175,8 +196,22 @@ protected:
     bool m_has_error = false;
 
 private:
+    static bool equal(const char* a, const char* b) {
+        return *a == *b && std::strcmp(a, b) == 0;  // nothing is done more often in a run
+    }
+    static const XMLAttribute* find_attribute(const XMLElement& elem, const char* name);
+
     template <typename IsAllowed>
-    bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed);
+    bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed) {
+        for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
+             attribute = attribute->Next()) {
+            if (!is_allowed(*attribute)) {
+                report_unexpected_attr(*attribute);
+            }
+        }
+        return !m_has_error;
+    }
+    void report_unexpected_attr(const XMLAttribute& attribute);
     void report_located_error(int line, const std::string& msg);
     void trace(const char* action) const;
 

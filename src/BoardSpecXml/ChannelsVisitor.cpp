@@ -1,6 +1,7 @@
 #include "BoardSpecXml/ChannelsVisitor.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,22 @@
 #include "BoardSpecXml/InterfaceVisitor.h"
 
 namespace vemo::board::xml {
+namespace {
+
+template <typename T>
+bool sort_and_find_duplicate(std::vector<T>& values) {
+    std::sort(values.begin(), values.end());
+    return std::adjacent_find(values.begin(), values.end()) != values.end();
+}
+
+bool has_duplicates(std::vector<std::string_view>& texts) {
+    // Texts with distinct hashes are distinct, and numbers are quicker to sort.
+    std::vector<std::size_t> hashes(texts.size());
+    std::transform(texts.begin(), texts.end(), hashes.begin(), std::hash<std::string_view>());
+    return sort_and_find_duplicate(hashes) && sort_and_find_duplicate(texts);
+}
+
+}  // namespace
 
 ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
@@ -68,14 +85,14 @@ bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
     std::vector<std::string_view> ids;  // up to the first empty one, which ends the check
     const auto& channels = m_spec->get_channel_config().get_interfaces();
+    ids.reserve(channels.size());
     for (const Interface* intf : channels) {
         if (intf->chan_id.empty()) {
             break;
         }
         ids.emplace_back(intf->chan_id);
     }
-    std::sort(ids.begin(), ids.end());
-    if (std::adjacent_find(ids.begin(), ids.end()) != ids.end()) {
+    if (has_duplicates(ids)) {
         return report_error(elem, "Two or more channels share the same channel ID.");
     }
     if (ids.size() < channels.size()) {

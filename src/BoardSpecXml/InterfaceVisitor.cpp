@@ -1,7 +1,5 @@
 #include "BoardSpecXml/InterfaceVisitor.h"
 
-#include <algorithm>
-#include <array>
 #include <iterator>
 #include <string_view>
 
@@ -24,24 +22,25 @@ constexpr const char* LATENCY_TYPE_WORDS[] = {"average", "fixed"};
 
 // In the order of reading. The same rows are the attributes that are allowed.
 const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
-    {"name", &InterfaceVisitor::read_name},  // required
-    {"port", &InterfaceVisitor::read_ports},
-    {"type", &InterfaceVisitor::read_type},  // required
-    {"width", &InterfaceVisitor::read_width},
-    {"maxburst", &InterfaceVisitor::read_maxburst},
-    {"address", &InterfaceVisitor::read_address},
-    {"size", &InterfaceVisitor::read_size},
-    {"chan_id", &InterfaceVisitor::read_plain<&Interface::chan_id>},
-    {"enable", &InterfaceVisitor::read_plain<&Interface::enable>},
-    {"clock", &InterfaceVisitor::read_plain<&Interface::clock>},
-    {"misc", &InterfaceVisitor::read_plain<&Interface::misc>},
-    {"latency", &InterfaceVisitor::read_plain<&Interface::latency>},
-    {"latency_type", &InterfaceVisitor::read_latency_type},
-    {"waitrequest", &InterfaceVisitor::read_plain<&Interface::waitrequest>},
-    {"waitrequest_allowance", &InterfaceVisitor::read_plain<&Interface::waitrequest_allowance>},
-    {"bsp_vnmm_write_ack", &InterfaceVisitor::read_write_ack},
-    {"addpipe", &InterfaceVisitor::read_plain<&Interface::addpipe>},
-    {"sampling_rate", &InterfaceVisitor::read_sampling_rate},
+    {"name", Always, &InterfaceVisitor::read_name},
+    {"port", Always, &InterfaceVisitor::read_ports},
+    {"type", Always, &InterfaceVisitor::read_type},
+    {"width", IfPresent, &InterfaceVisitor::read_width},
+    {"maxburst", IfPresent, &InterfaceVisitor::read_maxburst},
+    {"address", IfPresent, &InterfaceVisitor::read_address},
+    {"size", IfPresent, &InterfaceVisitor::read_size},
+    {"chan_id", IfPresent, &InterfaceVisitor::read_plain<&Interface::chan_id>},
+    {"enable", IfPresent, &InterfaceVisitor::read_plain<&Interface::enable>},
+    {"clock", IfPresent, &InterfaceVisitor::read_plain<&Interface::clock>},
+    {"misc", IfPresent, &InterfaceVisitor::read_plain<&Interface::misc>},
+    {"latency", IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
+    {"latency_type", IfPresent, &InterfaceVisitor::read_latency_type},
+    {"waitrequest", IfPresent, &InterfaceVisitor::read_plain<&Interface::waitrequest>},
+    {"waitrequest_allowance", IfPresent,
+     &InterfaceVisitor::read_plain<&Interface::waitrequest_allowance>},
+    {"bsp_vnmm_write_ack", IfPresent, &InterfaceVisitor::read_write_ack},
+    {"addpipe", IfPresent, &InterfaceVisitor::read_plain<&Interface::addpipe>},
+    {"sampling_rate", IfPresent, &InterfaceVisitor::read_sampling_rate},
 };
 
 InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent) : BaseVisitor(parent) {}
@@ -60,18 +59,15 @@ bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
 }
 
 bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
-    std::array<FoundAttribute, std::size(ATTRIBUTES)> attributes{};
-    std::transform(std::begin(ATTRIBUTES), std::end(ATTRIBUTES), attributes.begin(),
-                   [](const Attribute& attribute) {
-                       return FoundAttribute{attribute.name, nullptr};
-                   });
-    if (!(report_unexpected_elem_stack(elem, 0)
-          && find_attributes(elem, attributes.size(), attributes.data()))) {
+    const XMLAttribute* found[std::size(ATTRIBUTES)];
+    if (!(report_unexpected_elem_stack(elem, 0) && find_attributes(elem, ATTRIBUTES, found))) {
         return !m_has_error;
     }
     m_intf = std::make_unique<Interface>();
-    for (std::size_t i = 0; i < attributes.size(); ++i) {
-        if (!(this->*ATTRIBUTES[i].read)(elem, attributes[i])) {
+    for (std::size_t i = 0; i < std::size(ATTRIBUTES); ++i) {
+        const Attribute& attribute = ATTRIBUTES[i];
+        if ((found[i] != nullptr || attribute.presence == Always)
+            && !(this->*attribute.read)(elem, {attribute.name, found[i]})) {
             break;
         }
     }
@@ -86,6 +82,9 @@ bool InterfaceVisitor::read_ports(const XMLElement& elem, const FoundAttribute& 
     std::string port_name;
     if (query_attribute(elem, found, &port_name, REPORT, OPTIONAL)) {
         m_intf->add_port(port_name, Port::ReadWrite);
+    }
+    if (elem.NoChildren() && !is_tracing()) {
+        return !m_has_error;  // a walk could only be traced
     }
     PortVisitor reader(this, m_intf.get());
     return walk_with(elem, &reader);

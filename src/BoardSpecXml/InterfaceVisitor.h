@@ -23,9 +23,13 @@ public:
     Interface* release_intf();
 
 private:
-    /// An attribute, and the member that reads it into the interface.
+    enum Presence { IfPresent, Always };
+
+    /// An attribute, and the member that reads it into the interface: only where the element has
+    /// it, or always.
     struct Attribute {
         const char* name;
+        Presence presence;
         bool (InterfaceVisitor::*read)(const XMLElement& elem, const FoundAttribute& found);
     };
     static const Attribute ATTRIBUTES[18];
