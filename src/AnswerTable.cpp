@@ -26,7 +26,7 @@ std::string channel_names(const AnswerSources& sources) {
     std::string names;
     if (sources.spec->has_channel_config()) {
         append_joined(names, sources.spec->get_channel_config().get_interfaces(),
-                      [](const Interface* intf) { return intf->chan_id; });
+                      [](const Interface* intf) { return intf->chan_id.c_str(); });
     }
     return names;
 }

@@ -11,6 +11,7 @@
 
 #include <tinyxml2.h>
 
+#include "CompactString.h"
 #include "ElementStack.h"
 #include "UnsignedNumber.h"
 
@@ -135,9 +136,9 @@ public:
     /// Reads an attribute into `*value`. True when it was read; false when it is absent or its text
     /// is no T. With `report` an ill-typed attribute is reported, and a missing one if `required`.
     ///
-    /// T is one of std::string, unsigned (decimal), int, float, bool (the last three as the XML
-    /// library reads them), unsigned_hex and unsigned64_hex (blanks before the number are skipped,
-    /// blanks behind it are not accepted).
+    /// T is one of std::string, CompactString, unsigned (decimal), int, float, bool (the last three
+    /// as the XML library reads them), unsigned_hex and unsigned64_hex (blanks before the number
+    /// are skipped, blanks behind it are not accepted).
     template <typename T>
     bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                          bool required);

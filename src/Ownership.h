@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 namespace vemo {
 
 /// Makes `slot` own `object`; what it owned before is destroyed.
@@ -14,9 +12,9 @@ void replace_owned(T*& slot, T* object) {
 }
 
 /// Destroys every object of `objects` (null entries are skipped) and empties the list.
-template <typename T>
-void clean_ptr_container(std::vector<T*>& objects) {
-    for (T* object : objects) {
+template <typename PtrContainer>
+void clean_ptr_container(PtrContainer& objects) {
+    for (auto* object : objects) {
         delete object;
     }
     objects.clear();

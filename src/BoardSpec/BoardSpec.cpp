@@ -148,7 +148,8 @@ bool BoardSpec::is_default_global_mem(const std::string& mem_name) const {
 }
 
 void BoardSpec::get_string_of_board_global_interface_names(std::string& out) const {
-    append_joined(out, m_global_mem_configs, [](const GlobalMemConfig* gmc) { return gmc->name; });
+    append_joined(out, m_global_mem_configs,
+                  [](const GlobalMemConfig* gmc) { return gmc->name.c_str(); });
 }
 
 unsigned BoardSpec::get_num_global_mem_definitions() const {

@@ -56,16 +56,17 @@ std::ostream& operator<<(std::ostream& os, const Interface& intf) {
     write_hex(os, intf.address, ADDRESS_DIGITS);
     os << ", size = ";
     write_hex(os, intf.get_size(), ADDRESS_DIGITS);
-    if (!intf.enable.empty()) {
-        os << ", enable = " << intf.enable;
+    const InterfaceDetails& details = intf.get_details();
+    if (!details.enable.empty()) {
+        os << ", enable = " << details.enable;
     }
-    if (!intf.clock.empty()) {
-        os << ", clock = " << intf.clock;
+    if (!details.clock.empty()) {
+        os << ", clock = " << details.clock;
     }
     if (!intf.chan_id.empty()) {
         os << ", chan_id = " << intf.chan_id;
     }
-    return os << ", misc = " << intf.misc;
+    return os << ", misc = " << details.misc;
 }
 
 std::ostream& operator<<(std::ostream& os, const KernelClkReset& kernel_clk_reset) {

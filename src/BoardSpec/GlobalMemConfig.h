@@ -1,16 +1,16 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "BoardSpec/InterfaceList.h"
+#include "CompactString.h"
 
 namespace vemo::board {
 
 /// One global memory of the board, and the figures that follow from its interfaces.
 class GlobalMemConfig : public InterfaceList {
 public:
-    enum Type : std::int32_t { SharedVirtual, SharedPhysical, DevicePrivate, TypeCount };
+    enum Type : std::int8_t { SharedVirtual, SharedPhysical, DevicePrivate, TypeCount };
 
     /// At least 0. Means nothing before it is set.
     float get_max_bandwidth() const { return m_max_bandwidth; }
@@ -39,7 +39,7 @@ public:
 
     unsigned interleaved_bytes = 0;  // as in the file; 0 stands for not given
     unsigned config_addr = 0;        // byte address
-    std::string name;
+    CompactString name;
 
 private:
     float m_max_bandwidth = 0.0f;

@@ -28,7 +28,19 @@ void Interface::set_size(std::size_t size) {
 
 void Interface::set_sampling_rate(float sampling_rate) {
     VEMO_ASSERT(sampling_rate > 0);
-    m_sampling_rate = sampling_rate;
+    edit_details().sampling_rate = sampling_rate;
+}
+
+const InterfaceDetails& Interface::get_details() const {
+    static const InterfaceDetails DEFAULTS;
+    return m_details == nullptr ? DEFAULTS : *m_details;
+}
+
+InterfaceDetails& Interface::edit_details() {
+    if (m_details == nullptr) {
+        m_details = std::make_unique<InterfaceDetails>();
+    }
+    return *m_details;
 }
 
 void Interface::add_port(Port* port) {
@@ -51,7 +63,7 @@ const Port* Interface::get_port(unsigned port) const {
     return m_port[port];
 }
 
-std::string Interface::get_port_name(unsigned port) const { return get_port(port)->name; }
+std::string Interface::get_port_name(unsigned port) const { return get_port(port)->name.c_str(); }
 
 Port::Direction Interface::get_port_direction(unsigned port) const {
     return get_port(port)->direction;

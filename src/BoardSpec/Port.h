@@ -2,14 +2,17 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
+
+#include "CompactString.h"
 
 namespace vemo::board {
 
 /// One port of an interface.
 class Port {
 public:
-    enum Direction : std::int32_t { ReadWrite, Read, Write, TypeCount };
+    enum Direction : std::int8_t { ReadWrite, Read, Write, TypeCount };
 
     /// The value of the attribute `name`; throws std::out_of_range when there is none.
     unsigned get_attribute(const std::string& name) const;
@@ -18,11 +21,16 @@ public:
     /// `value` does not fit `attribute_width` bits; no value fits a width of 32 or more.
     bool set_attribute(const std::string& name, unsigned value);
 
-    std::string name;
+    /// All attributes by name.
+    const std::map<std::string, unsigned>& get_attributes() const;
+
+    CompactString name;
     Direction direction = ReadWrite;
     bool hazard_free_attributes = true;
     unsigned attribute_width = 0;  // in bits
-    std::map<std::string, unsigned> attributes;
+
+private:
+    std::unique_ptr<std::map<std::string, unsigned>> m_attributes;  // null while there is none
 };
 
 }  // namespace vemo::board

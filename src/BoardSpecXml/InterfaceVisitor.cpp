@@ -30,16 +30,16 @@ const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
     {"address", IfPresent, &InterfaceVisitor::read_address},
     {"size", IfPresent, &InterfaceVisitor::read_size},
     {"chan_id", IfPresent, &InterfaceVisitor::read_plain<&Interface::chan_id>},
-    {"enable", IfPresent, &InterfaceVisitor::read_plain<&Interface::enable>},
-    {"clock", IfPresent, &InterfaceVisitor::read_plain<&Interface::clock>},
-    {"misc", IfPresent, &InterfaceVisitor::read_plain<&Interface::misc>},
-    {"latency", IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
+    {"enable", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::enable>},
+    {"clock", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::clock>},
+    {"misc", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::misc>},
+    {"latency", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::latency>},
     {"latency_type", IfPresent, &InterfaceVisitor::read_latency_type},
-    {"waitrequest", IfPresent, &InterfaceVisitor::read_plain<&Interface::waitrequest>},
+    {"waitrequest", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest>},
     {"waitrequest_allowance", IfPresent,
-     &InterfaceVisitor::read_plain<&Interface::waitrequest_allowance>},
+     &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest_allowance>},
     {"bsp_vnmm_write_ack", IfPresent, &InterfaceVisitor::read_write_ack},
-    {"addpipe", IfPresent, &InterfaceVisitor::read_plain<&Interface::addpipe>},
+    {"addpipe", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::addpipe>},
     {"sampling_rate", IfPresent, &InterfaceVisitor::read_sampling_rate},
 };
 
@@ -154,7 +154,7 @@ bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttr
             return report_attr_error(
                 elem, found.name, "Unrecognized latency type in Varnel interface '" + word + "'.");
         }
-        m_intf->latency_type = static_cast<unsigned>(latency_type);
+        m_intf->edit_details().latency_type = static_cast<unsigned>(latency_type);
     }
     return !m_has_error;
 }
@@ -162,7 +162,7 @@ bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttr
 bool InterfaceVisitor::read_write_ack(const XMLElement& elem, const FoundAttribute& found) {
     unsigned write_ack = 0;
     if (query_attribute(elem, found, &write_ack, REPORT, OPTIONAL)) {
-        m_intf->bsp_vnmm_write_ack = write_ack != 0;
+        m_intf->edit_details().bsp_vnmm_write_ack = write_ack != 0;
     }
     return !m_has_error;
 }

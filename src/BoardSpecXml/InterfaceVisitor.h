@@ -49,11 +49,14 @@ private:
     bool read_write_ack(const XMLElement& elem, const FoundAttribute& found);
     bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
-    /// Reads an optional attribute that has no rule of its own into `Field`.
+    /// Read an attribute that has no rule of its own into `Field`, of the interface or its details.
     template <auto Field>
     bool read_plain(const XMLElement& elem, const FoundAttribute& found) {
-        query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, OPTIONAL);
-        return !m_has_error;
+        return query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, REQUIRED);
+    }
+    template <auto Field>
+    bool read_detail(const XMLElement& elem, const FoundAttribute& found) {
+        return query_attribute(elem, found, &(m_intf->edit_details().*Field), REPORT, REQUIRED);
     }
 
     std::unique_ptr<Interface> m_intf;  // until released
