@@ -105,10 +105,10 @@ TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
 
 TEST(Interface, StartsWithDefaultsAndTakesPorts) {
     Interface intf;
-    EXPECT_EQ(
-        fields(intf.get_type(), intf.get_data_width(), intf.get_max_burst_count(), intf.get_size(),
-               intf.latency, intf.latency_type, intf.get_num_ports(), intf.has_separate_rw_ports()),
-        "<unknown>(5)|0|1|0|240|0|0|0|");
+    EXPECT_EQ(fields(intf.get_type(), intf.get_data_width(), intf.get_max_burst_count(),
+                     intf.get_size(), intf.get_details().latency, intf.get_details().latency_type,
+                     intf.get_num_ports(), intf.has_separate_rw_ports()),
+              "<unknown>(5)|0|1|0|240|0|0|0|");
     intf.add_port("both", Port::ReadWrite);
     intf.add_port("in", Port::Read);
     EXPECT_FALSE(intf.has_separate_rw_ports());

@@ -5,180 +5,156 @@
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
 #include "TargetModelXmlLoader.h"
-#include "Testing.h"
 #include "Xml.h"
 
 using tinyxml2::XMLElement;
 
-namespace {
-
-/// Changes an element in the n-th way and returns what the loader must report first, which is
-/// nothing when the document must still load. False when there is no n-th way.
+/// Changes an element in the n-th way, and tells what the loader must report first; nothing when
+/// the document must still load. False when there is no n-th way.
 using Change = std::function<bool(XMLElement& elem, unsigned n, std::string* report)>;
 
-void collect(XMLElement* elem, std::vector<XMLElement*>* elems) {
-    for (; elem != nullptr; elem = elem->NextSiblingElement()) {
-        elems->push_back(elem);
-        collect(elem->FirstChildElement(), elems);
+/// The i-th element, in document order, of the subtrees from `elem` on.
+static XMLElement* find_elem(XMLElement* elem, unsigned* i) {
+    for (; elem != nullptr && *i > 0; elem = elem->NextSiblingElement()) {
+        --*i;
+        if (XMLElement* found = find_elem(elem->FirstChildElement(), i)) {
+            return found;
+        }
     }
+    return elem;
 }
 
 template <typename Loader, typename Load>
-void apply_to_each(Loader loader, Load load, const std::string& xml, const Change& change) {
+static void change_each(Loader loader, Load load, const std::string& xml, const Change& change) {
     unsigned n = 0;
-    for (std::size_t i = 0;;) {
-        auto* doc = loader.parse_xml(xml.c_str());
-        std::vector<XMLElement*> elems;
-        collect(doc->RootElement(), &elems);
-        if (i == elems.size()) {
-            delete doc;
+    for (unsigned index = 0;;) {
+        std::unique_ptr<tinyxml2::XMLDocument> doc(loader.parse_xml(xml.c_str()));
+        unsigned i = index;
+        XMLElement* elem = find_elem(doc->RootElement(), &i);
+        if (elem == nullptr) {
             return;
         }
         std::string report;
-        const std::string where = elems[i]->Name() + fields(":", elems[i]->GetLineNum(), n);
-        if (!change(*elems[i], n++, &report)) {
-            delete doc;
-            ++i;
+        const std::string where = fields(elem->Name(), elem->GetLineNum(), n);
+        if (!change(*elem, n++, &report)) {
+            ++index;
             n = 0;
             continue;
         }
-        const std::string outcome = outcome_of(loader, (loader.*load)(doc));
-        EXPECT_EQ(report.empty() ? outcome : outcome.substr(0, report.size()),
+        const std::string outcome = outcome_of(loader, (loader.*load)(doc.release()));
+        EXPECT_EQ(outcome.substr(0, report.empty() ? outcome.size() : report.size()),
                   report.empty() ? "loaded" : report)
             << where;
     }
 }
 
-void apply_to_all(const Change& change) {
+static void change_all(const Change& change) {
     using namespace vemo;
     using Board = board::BoardSpecXmlLoader;
     using Device = dmodel::DeviceModelXmlLoader;
     using Target = tmodel::TargetModelXmlLoader;
-    apply_to_each(Board(false, false), &Board::load_board_spec, BOARD, change);
-    apply_to_each(Device(false), &Device::load_target_model, DEVICE_MODEL, change);
-    apply_to_each(Target(false), &Target::load_target_model, TARGET_MODEL, change);
+    change_each(Board(false, false), &Board::load_board_spec, BOARD, change);
+    change_each(Device(false), &Device::load_target_model, DEVICE_MODEL, change);
+    change_each(Target(false), &Target::load_target_model, TARGET_MODEL, change);
 }
 
-bool is_one_of(const std::string& name, const std::string& names) {
+static bool is_one_of(const std::string& name, const std::string& names) {
     return (" " + names + " ").find(" " + name + " ") != std::string::npos;
 }
 
-// Nodes that are put into a document have no line.
-std::string unexpected(const XMLElement& elem) {
-    return std::string("Error in '[mem]'\nUnexpected element '") + elem.Name() + "'.\n";
+/// A report at what a test has put into the document, which stands in no line.
+static std::string at_new(const std::string& message) {
+    return "Error in '[mem]'\n" + message + "\n";
 }
 
-}  // namespace
-
 TEST(Schema, RefusesUnknownNames) {
-    apply_to_all([](XMLElement& elem, unsigned n, std::string* report) {
-        const std::string name = elem.Name();
+    change_all([](XMLElement& elem, unsigned n, std::string* report) {
+        const bool reads_attr_first =
+            is_one_of(elem.Name(), "resources used_resources auto_migrate");
         if (n == 0) {
             elem.SetAttribute("zz", "");
-            *report = "Error in '[mem]'\nUnexpected attribute 'zz'.\n";
+            *report = at_new("Unexpected attribute 'zz'.");
         } else {
-            const XMLElement& child = *elem.InsertNewChildElement("zz");
-            *report = is_one_of(name, "resources used_resources auto_migrate")
-                          ? "Error in '[mem]'\nExpected attribute '"
-                          : unexpected(child);
+            elem.InsertNewChildElement("zz");
+            *report = reads_attr_first ? "Error in '[mem]'\nExpected attribute '"
+                                       : at_new("Unexpected element 'zz'.");
         }
         return n < 2;
     });
 }
 
 TEST(Schema, RefusesElementsOutOfPlace) {
-    apply_to_all([](XMLElement& elem, unsigned n, std::string* report) {
+    change_all([](XMLElement& elem, unsigned n, std::string* report) {
         auto* doc = elem.GetDocument();
-        auto* copy = elem.ShallowClone(doc)->ToElement();
-        *report = unexpected(*copy);
-        if (n == 0) {  // inside itself
+        auto* root = doc->RootElement();
+        auto* copy = elem.ShallowClone(doc);
+        const std::string name = elem.Name();
+        *report = at_new("Unexpected element '" + name + "'.");
+        if (n == 0) {
             elem.InsertFirstChild(copy);
-            return elem.Name() != std::string("global_mem");
+            return name != "global_mem";
         }
-        if (n == 1) {  // behind the root
+        if (n == 1 && &elem != root) {
             doc->InsertEndChild(copy);
-            return &elem != doc->RootElement();
+        } else if (n == 2 && elem.Parent() != root) {
+            root->InsertFirstChild(copy);
         }
-        doc->RootElement()->InsertFirstChild(copy);
-        return n == 2 && elem.Parent() != doc->RootElement();
+        return n < 3 && &elem != root && (n < 2 || elem.Parent() != root);
     });
 }
 
-TEST(Schema, RefusesSecondElements) {
-    apply_to_all([](XMLElement& elem, unsigned n, std::string* report) {
-        elem.Parent()->InsertAfterChild(&elem, elem.ShallowClone(elem.GetDocument()));
-        *report = std::string("Error in '[mem]'\nExpected element <") + elem.Name()
-                  + "> to appear exactly once.\n";
-        return n == 0
-               && !is_one_of(elem.Name(),
-                             "style_model global_mem interface port attribute compile generate "
-                             "synthesize auto_migrate include exclude");
-    });
-}
-
-TEST(Schema, NeedsEachFigure) {
-    apply_to_all([](XMLElement& elem, unsigned n, std::string* report) {
-        if (n > 0 || (elem.Attribute("value") == nullptr && elem.Attribute("num") == nullptr)) {
-            return false;
+TEST(Schema, CountsElements) {
+    const std::string any_number =
+        "style_model global_mem interface port attribute compile generate synthesize auto_migrate "
+        "include exclude";
+    change_all([&any_number](XMLElement& elem, unsigned n, std::string* report) {
+        auto* parent = elem.Parent()->ToElement();
+        const bool is_figure =
+            elem.Attribute("value") != nullptr || elem.Attribute("num") != nullptr;
+        if (n == 0) {
+            elem.Parent()->InsertAfterChild(&elem, elem.ShallowClone(elem.GetDocument()));
+            *report = at_new(std::string("Expected element <") + elem.Name()
+                             + "> to appear exactly once.");
+            return !is_one_of(elem.Name(), any_number);
         }
-        const XMLElement* parent = elem.Parent()->ToElement();
-        const XMLElement* named =
-            parent->Name() == std::string("resources") ? parent->Parent()->ToElement() : parent;
-        *report = at(named->GetLineNum(), std::string("Expected element <") + named->Name()
-                                              + "> to appear exactly once.");
-        elem.Parent()->DeleteChild(&elem);
-        return true;
+        if (n == 1 && is_figure) {
+            auto* named =
+                parent->Name() == std::string("resources") ? parent->Parent()->ToElement() : parent;
+            *report = at(named->GetLineNum(), std::string("Expected element <") + named->Name()
+                                                  + "> to appear exactly once.");
+            parent->DeleteChild(&elem);
+        }
+        return n == 1 && is_figure;
     });
 }
 
-TEST(Schema, NeedsAttributesUnlessOptional) {
+TEST(Schema, ChecksAttributes) {
     const std::string optional =
         "type:5 interleaved_bytes:5 config_addr:5 maxburst:11 attribute_width:8 clk2x:19 "
-        "additional_args:21 additional_args:24 high:2";
-    apply_to_all([&optional](XMLElement& elem, unsigned n, std::string* report) {
+        "additional_args:21 additional_args:24 high:2 width:17 maxburst:17 address:17 size:17 "
+        "chan_id:17 enable:17 clock:17 misc:17 latency:17 latency_type:17 waitrequest:17 "
+        "waitrequest_allowance:17 bsp_vnmm_write_ack:17 addpipe:17 sampling_rate:17";
+    const std::string tested_elsewhere =
+        "name:5 name:10 hazard_free_attributes:8 port:9 port:11 port:17 port:18";
+    change_all([&](XMLElement& elem, unsigned n, std::string* report) {
         const auto* attribute = elem.FirstAttribute();
-        for (; attribute != nullptr && n > 0; --n) {
+        for (unsigned i = 0; attribute != nullptr && i < n / 2; ++i) {
             attribute = attribute->Next();
         }
         if (attribute == nullptr) {
             return false;
         }
         const std::string name = attribute->Name();
-        const int line = elem.GetLineNum();
-        const bool is_interface = elem.Name() == std::string("interface");
-        if (name == "hazard_free_attributes") {
-            *report = at(line,
-                         "Cannot specify additional attributes without specifying "
-                         "hazard_free_attributes=false");
-        } else if (elem.Name() == std::string("global_mem") && name == "name") {
-            *report = at(
-                10,
-                "All global memories must have a name when there are more than 1 global memories.");
-        } else if (is_interface && name == "port" && (line < 14 || line > 15)) {
-            *report = at(line, "At least one port is required in interface ");
-        } else if (!is_one_of(name + ":" + std::to_string(line), optional)
-                   && !(is_interface && line == 17 && !is_one_of(name, "name type"))) {
-            *report =
-                at(line, "Expected attribute '" + name + "' on element '" + elem.Name() + "'.");
+        const std::string key = name + ":" + std::to_string(elem.GetLineNum());
+        const std::string attr = "attribute '" + name + "' on element '" + elem.Name() + "'.";
+        if (n % 2 == 0 && !is_one_of(key, tested_elsewhere)) {
+            elem.DeleteAttribute(name.c_str());
+            *report = is_one_of(key, optional) ? "" : at(elem.GetLineNum(), "Expected " + attr);
+        } else if (n % 2 == 1 && !is_one_of(name, "version additional_args")
+                   && std::isdigit(static_cast<unsigned char>(*attribute->Value())) != 0) {
+            elem.SetAttribute(name.c_str(), "zz");
+            *report = at(elem.GetLineNum(), "Incorrect type for " + attr);
         }
-        elem.DeleteAttribute(name.c_str());
         return true;
-    });
-}
-
-TEST(Schema, ReadsNumbersOnly) {
-    apply_to_all([](XMLElement& elem, unsigned n, std::string* report) {
-        const auto* attribute = elem.FirstAttribute();
-        for (; attribute != nullptr; attribute = attribute->Next()) {
-            if (std::isdigit(static_cast<unsigned char>(*attribute->Value())) != 0
-                && !is_one_of(attribute->Name(), "version additional_args") && n-- == 0) {
-                *report = at(elem.GetLineNum(), std::string("Incorrect type for attribute '")
-                                                    + attribute->Name() + "' on element '"
-                                                    + elem.Name() + "'.");
-                elem.SetAttribute(attribute->Name(), "zz");
-                return true;
-            }
-        }
-        return false;
     });
 }

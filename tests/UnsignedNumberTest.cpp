@@ -1,0 +1,55 @@
+#include "UnsignedNumber.h"
+
+#include "Testing.h"
+
+using namespace vemo::xml;
+
+/// The number that `text` is in base 10, and those that it is in words of 32 and of 64 bits.
+static std::string read(const char* text) {
+    std::uint32_t number = 0;
+    unsigned_hex word;
+    unsigned64_hex word64;
+    return (convert_to_unsigned(text, &number, 10) ? fields(number) : "-|")
+           + (convert_word(text, &word) ? fields(word.value) : "-|")
+           + (convert_word(text, &word64) ? fields(word64.value) : "-|");
+}
+
+TEST(UnsignedNumber, ReadsNotations) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"0", "0|0|0|"},
+        {"42", "42|42|42|"},
+        {"017", "17|15|15|"},
+        {"0x1000", "-|4096|4096|"},
+        {"0X1f", "-|31|31|"},
+        {" \t0x10", "-|16|16|"},
+        {"\r\n017", "-|15|15|"},
+        {"08", "8|-|-|"},
+        {"4294967294", "4294967294|4294967294|4294967294|"},
+        {"4294967296", "4294967295|4294967295|4294967296|"},
+        {"0x100000000", "-|4294967295|4294967296|"},
+        {"99999999999999999999", "4294967295|4294967295|18446744073709551615|"}};
+    for (const auto& [text, numbers] : cases) {
+        EXPECT_EQ(read(text), numbers) << text;
+    }
+    for (const char* text : {"", " ", "1 ", "1 2", "-1", "+1", "1.0", ":", "/", "9a", "x10", "0x",
+                             "0xg", "0b1", "0x10 "}) {
+        EXPECT_EQ(read(text), "-|-|-|") << text;
+    }
+}
+
+TEST(UnsignedNumber, StoresLeadingDigits) {
+    std::uint32_t number = 7;
+    std::uint64_t number64 = 7;
+    EXPECT_FALSE(convert_to_unsigned("x1", &number, 10));
+    EXPECT_FALSE(convert_to_unsigned64("12x", &number64, 16));
+    EXPECT_EQ(fields(number, number64), "7|18|");
+}
+
+TEST(UnsignedNumber, ReadsStreamsOfWords) {
+    std::istringstream stream(" 0x10 020 08 1");
+    unsigned_hex hex;
+    unsigned64_hex hex64;
+    EXPECT_TRUE(stream >> hex >> hex64);
+    EXPECT_EQ(fields(hex.value, hex64.value), "16|16|");
+    EXPECT_FALSE(stream >> hex);
+}
