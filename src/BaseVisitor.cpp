@@ -15,6 +15,11 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, std::string* val
     return true;
 }
 
+bool convert_attribute(const tinyxml2::XMLAttribute& attribute, const char** value) {
+    *value = attribute.Value();
+    return true;
+}
+
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, CompactString* value) {
     *value = std::string_view(attribute.Value());
     return true;
@@ -294,6 +299,20 @@ bool BaseVisitor::report_missing_attr(const XMLElement& elem, const std::string&
     return report_error(elem, msg.empty() ? text : text + "\n" + msg);
 }
 
+bool BaseVisitor::report_missing_attrs(const XMLElement& elem,
+                                       std::initializer_list<const char*> names) {
+    // Where they stand in the order of the names, as they mostly do, one pass finds them all.
+    const XMLAttribute* next = elem.FirstAttribute();
+    for (const char* name : names) {
+        if (next != nullptr && equal(next->Name(), name)) {
+            next = next->Next();
+        } else if (!attribute_exists(elem, name)) {
+            return report_missing_attr(elem, name, "");
+        }
+    }
+    return true;
+}
+
 bool BaseVisitor::report_attr_type_error(const XMLElement& elem, const std::string& attr,
                                          const std::string& msg) {
     const std::string text =
@@ -368,6 +387,7 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
                                                bool)
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(std::string);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(CompactString);
+VEMO_INSTANTIATE_QUERY_ATTRIBUTE(const char*);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(int);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(float);

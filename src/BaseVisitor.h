@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstring>
+#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -136,9 +137,9 @@ public:
     /// Reads an attribute into `*value`. True when it was read; false when it is absent or its text
     /// is no T. With `report` an ill-typed attribute is reported, and a missing one if `required`.
     ///
-    /// T is one of std::string, CompactString, unsigned (decimal), int, float, bool (the last three
-    /// as the XML library reads them), unsigned_hex and unsigned64_hex (blanks before the number
-    /// are skipped, blanks behind it are not accepted).
+    /// T is one of std::string, CompactString, const char* (the text in the document), unsigned
+    /// (decimal), int, float, bool (the last three as the XML library reads them), unsigned_hex and
+    /// unsigned64_hex (blanks before the number are skipped, blanks behind it are not accepted).
     template <typename T>
     bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                          bool required);
@@ -155,17 +156,25 @@ public:
     bool find_attributes(const XMLElement& elem, const Row (&rows)[N],
                          const XMLAttribute* (&found)[N]) {
         std::fill(std::begin(found), std::end(found), nullptr);
-        return report_attrs_unless(elem, [&rows, &found](const XMLAttribute& attribute) {
+        // Files have attributes in much the same order as tables, so the search goes on where the
+        // last one ended.
+        std::size_t row = 0;
+        return report_attrs_unless(elem, [&](const XMLAttribute& attribute) {
             const char* name = attribute.Name();
-            for (std::size_t i = 0; i < N; ++i) {
-                if (equal(name, rows[i].name)) {
-                    found[i] = &attribute;
+            for (std::size_t tries = 0; tries < N; ++tries) {
+                const std::size_t candidate = row;
+                row = row + 1 < N ? row + 1 : 0;
+                if (equal(name, rows[candidate].name)) {
+                    found[candidate] = &attribute;
                     return true;
                 }
             }
             return false;
         });
     }
+
+    /// Reports the first of `names` that `elem` has no attribute of.
+    bool report_missing_attrs(const XMLElement& elem, std::initializer_list<const char*> names);
 
     /// query_attribute for an attribute of `elem` that has been looked up.
     template <typename T>

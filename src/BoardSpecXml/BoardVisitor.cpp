@@ -66,14 +66,14 @@ bool BoardVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_
 }
 
 bool BoardVisitor::visit_board_elem(const XMLElement& elem) {
-    std::string version_text;
+    const char* version_text = nullptr;
     if (!(report_unexpected_elem_stack(elem, 0) && report_unexpected_elem_stack_count(elem, 1)
           && report_unexpected_attrs(elem, 2, "version", "name")
           && query_attribute(elem, "version", &version_text, REPORT, REQUIRED))) {
         return !m_has_error;
     }
     // As the C library reads it: "14.1x" is 14.1, and a NaN is "not less than" any version.
-    const auto version = static_cast<float>(std::strtod(version_text.c_str(), nullptr));
+    const auto version = static_cast<float>(std::strtod(version_text, nullptr));
     if (version != BoardSpec::Version_0_9 && version < BoardSpec::Version_14_1) {
         return report_attr_error(elem, "version", "Unsupported version string.");
     }

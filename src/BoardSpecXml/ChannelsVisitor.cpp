@@ -56,10 +56,8 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
     if (!report_unexpected_elem_stack(elem, 1, "channels")) {
         return !m_has_error;
     }
-    for (const char* name : {"name", "port", "type", "width", "chan_id"}) {
-        if (!attribute_exists(elem, name)) {
-            return report_missing_attr(elem, name, "");
-        }
+    if (!report_missing_attrs(elem, {"name", "port", "type", "width", "chan_id"})) {
+        return false;
     }
     InterfaceVisitor reader(this);
     if (!walk_with(elem, &reader)) {

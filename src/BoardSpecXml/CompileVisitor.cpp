@@ -102,7 +102,7 @@ bool CompileVisitor::has_additional_args(const XMLElement& elem, const std::stri
 }
 
 bool CompileVisitor::visit_auto_migration_elem(const XMLElement& elem) {
-    std::string platform_type;
+    const char* platform_type = "";
     if (report_unexpected_elem_stack(elem, 1, "compile")
         && report_unexpected_attrs(elem, 1, "platform_type")
         && query_attribute(elem, "platform_type", &platform_type, REPORT, REQUIRED)) {

@@ -64,11 +64,12 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         }
         m_global_mem->set_max_bandwidth(max_bandwidth);
     }
-    std::string type_word;
+    const char* type_word = nullptr;
     if (!m_has_error && query_attribute(elem, "type", &type_word, REPORT, OPTIONAL)) {
         const std::size_t type = index_of_word(TYPE_WORDS, type_word);
         if (type == std::size(TYPE_WORDS)) {
-            return report_attr_error(elem, "type", "Unrecognized type '" + type_word + "'.");
+            return report_attr_error(elem, "type",
+                                     std::string("Unrecognized type '") + type_word + "'.");
         }
         m_global_mem->set_type(static_cast<GlobalMemConfig::Type>(type));
     }
@@ -94,10 +95,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
 }
 
 bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
-    for (const char* name : {"name", "type", "width", "address", "size"}) {
-        if (!attribute_exists(elem, name)) {
-            return report_missing_attr(elem, name, "");
-        }
+    if (!report_missing_attrs(elem, {"name", "type", "width", "address", "size"})) {
+        return false;
     }
     InterfaceVisitor reader(this);
     if (!walk_with(elem, &reader)) {

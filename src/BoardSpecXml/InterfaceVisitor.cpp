@@ -91,14 +91,14 @@ bool InterfaceVisitor::read_ports(const XMLElement& elem, const FoundAttribute& 
 }
 
 bool InterfaceVisitor::read_type(const XMLElement& elem, const FoundAttribute& found) {
-    std::string word;
+    const char* word = nullptr;
     if (!query_attribute(elem, found, &word, REPORT, REQUIRED)) {
         return false;
     }
     const std::size_t type = index_of_word(TYPE_WORDS, word);
     if (type == std::size(TYPE_WORDS)) {
         return report_attr_error(elem, found.name,
-                                 "Unrecognized Varnel interface type '" + word + "'.");
+                                 std::string("Unrecognized Varnel interface type '") + word + "'.");
     }
     m_intf->set_type(static_cast<Interface::Type>(type));
     return true;
@@ -147,12 +147,13 @@ bool InterfaceVisitor::read_size(const XMLElement& elem, const FoundAttribute& f
 }
 
 bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttribute& found) {
-    std::string word;
+    const char* word = nullptr;
     if (query_attribute(elem, found, &word, REPORT, OPTIONAL)) {
         const std::size_t latency_type = index_of_word(LATENCY_TYPE_WORDS, word);
         if (latency_type == std::size(LATENCY_TYPE_WORDS)) {
             return report_attr_error(
-                elem, found.name, "Unrecognized latency type in Varnel interface '" + word + "'.");
+                elem, found.name,
+                std::string("Unrecognized latency type in Varnel interface '") + word + "'.");
         }
         m_intf->edit_details().latency_type = static_cast<unsigned>(latency_type);
     }

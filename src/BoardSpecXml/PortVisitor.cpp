@@ -38,7 +38,7 @@ bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_a
 
 bool PortVisitor::visit_port_elem(const XMLElement& elem) {
     auto port = std::make_unique<Port>();
-    std::string direction_word;
+    const char* direction_word = nullptr;
     if (!(report_unexpected_elem_stack(elem, 1, "interface")
           && report_unexpected_attrs(elem, 4, "name", "direction", "attribute_width",
                                      "hazard_free_attributes")
@@ -50,12 +50,13 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
     if (direction == std::size(DIRECTION_WORDS)) {
         return report_attr_error(
             elem, "direction",
-            "Unrecognized direction in interface port '" + direction_word + "'.");
+            std::string("Unrecognized direction in interface port '") + direction_word + "'.");
     }
     port->direction = static_cast<Port::Direction>(direction);
 
-    std::string hazard_free;
-    if (query_attribute(elem, "hazard_free_attributes", &hazard_free, REPORT, OPTIONAL)) {
+    const char* hazard_free_word = nullptr;
+    if (query_attribute(elem, "hazard_free_attributes", &hazard_free_word, REPORT, OPTIONAL)) {
+        const std::string_view hazard_free = hazard_free_word;
         const bool is_true = hazard_free == "true" || hazard_free == "1";
         if (!is_true && hazard_free != "false" && hazard_free != "0") {
             return report_attr_error(elem, "hazard_free_attributes",
