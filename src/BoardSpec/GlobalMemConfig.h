@@ -10,7 +10,7 @@ namespace vemo::board {
 /// One global memory of the board, and the figures that follow from its interfaces.
 class GlobalMemConfig : public InterfaceList {
 public:
-    enum Type : std::int8_t { SharedVirtual, SharedPhysical, DevicePrivate, TypeCount };
+    enum Type : std::int32_t { SharedVirtual, SharedPhysical, DevicePrivate, TypeCount };
 
     /// At least 0. Means nothing before it is set.
     float get_max_bandwidth() const { return m_max_bandwidth; }

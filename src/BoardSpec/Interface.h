@@ -17,7 +17,7 @@ namespace vemo::board {
 class Interface {
 public:
     /// TypeCount means that no type was set.
-    enum Type : std::int8_t { Slave, Master, Irq, StreamSource, StreamSink, TypeCount };
+    enum Type : std::int32_t { Slave, Master, Irq, StreamSource, StreamSink, TypeCount };
 
     Interface() = default;
 

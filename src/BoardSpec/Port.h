@@ -12,7 +12,7 @@ namespace vemo::board {
 /// One port of an interface.
 class Port {
 public:
-    enum Direction : std::int8_t { ReadWrite, Read, Write, TypeCount };
+    enum Direction : std::int32_t { ReadWrite, Read, Write, TypeCount };
 
     /// The value of the attribute `name`; throws std::out_of_range when there is none.
     unsigned get_attribute(const std::string& name) const;
