@@ -7,29 +7,27 @@
 
 using namespace vemo::board;
 
-static Interface* new_interface(unsigned address, unsigned size, unsigned width = 64) {
-    auto* intf = new Interface;
-    intf->address = address;
-    intf->set_size(size);
-    intf->set_data_width(width);
-    return intf;
-}
-
-static GlobalMemConfig* new_memory(const std::string& name) {
+static GlobalMemConfig* add_memory(BoardSpec& spec, const std::string& name, bool is_default) {
     auto* gmc = new GlobalMemConfig;
     gmc->name = name;
+    spec.add_global_mem_config(gmc, is_default);
     return gmc;
 }
 
+static void add_interface(GlobalMemConfig& gmc, unsigned address, unsigned size, unsigned width) {
+    auto* intf = new Interface;
+    gmc.add_interface(intf);
+    intf->address = address;
+    intf->set_size(size);
+    intf->set_data_width(width);
+}
+
 TEST(BoardSpec, StartsEmpty) {
-    const BoardSpec spec;
-    EXPECT_EQ(spec.num_compile_configs() + spec.get_num_global_mem_definitions(), 0u);
-    EXPECT_EQ(spec.get_string_of_board_compile_config_names(), "");
-    EXPECT_FALSE(spec.is_valid_global_mem_interface(""));
-    EXPECT_EQ(dump(spec),
+    EXPECT_EQ(dump(BoardSpec()),
               "Board specification (v0):\n  Name: \nDevice configuration: <null>\n"
               "Global memory configuration: <null>\nHost configuration: <null>\n"
               "Interface configuration: <null>\nChannel configuration: <null>");
+    EXPECT_FALSE(BoardSpec().is_valid_global_mem_interface(""));
 }
 
 TEST(BoardSpec, KeepsFlowsByNameAndInOrder) {
@@ -40,58 +38,35 @@ TEST(BoardSpec, KeepsFlowsByNameAndInOrder) {
     spec.set_compile_config(second, "alpha");
     EXPECT_EQ(&spec.get_compile_config("alpha"), second);
     EXPECT_EQ(&std::as_const(spec).get_compile_config("alpha"), second);
-    EXPECT_EQ(spec.num_compile_configs(), 2u);
-    EXPECT_EQ(spec.get_compile_config_names(),
-              (std::vector<std::string>{"zeta", "alpha", "alpha"}));
+    EXPECT_EQ(spec.get_compile_config_names(), split("zeta alpha alpha", " "));
     EXPECT_EQ(spec.get_string_of_board_compile_config_names(), "alpha, zeta");
 }
 
 TEST(BoardSpec, FindsGlobalMemories) {
     BoardSpec spec;
-    auto* later = new_memory("A");
-    spec.add_global_mem_config(new_memory("A"), false);
-    spec.add_global_mem_config(new_memory("B"), true);
-    spec.add_global_mem_config(new_memory("C"), false);
-    spec.add_global_mem_config(later, false);
+    add_memory(spec, "A", false);
+    add_memory(spec, "B", true);
+    add_memory(spec, "C", false);
+    auto* later = add_memory(spec, "A", false);
     std::string names = ">";
     spec.get_string_of_board_global_interface_names(names);
     EXPECT_EQ(names, ">B, A, C, A");
-    EXPECT_EQ(spec.get_num_global_mem_definitions(), 4u);
-    EXPECT_EQ(spec.get_global_mem_config().name, "B");
     EXPECT_EQ(&spec.get_global_mem_config("A"), later);
     EXPECT_EQ(&std::as_const(spec).get_global_mem_config("A"), later);
-    EXPECT_TRUE(spec.is_default_global_mem("B"));
-    EXPECT_FALSE(spec.is_default_global_mem("A"));
-    EXPECT_TRUE(spec.is_valid_global_mem_interface("B"));
-    EXPECT_FALSE(spec.is_valid_global_mem_interface("c"));
-    spec.add_global_mem_config(new_memory("D"), true);
-    EXPECT_EQ(std::as_const(spec).get_global_mem_config().name, "D");
-}
-
-TEST(BoardSpec, ReplacesParts) {
-    BoardSpec spec;
-    for (int i = 0; i < 2; ++i) {  // the leak checker watches the first ones
-        auto* device = new DeviceConfig;
-        device->set_used_resources(new vemo::dmodel::DeviceResources);
-        device->set_used_resources(new vemo::dmodel::DeviceResources);
-        spec.set_device_config(device);
-        spec.set_host_config(new HostConfig);
-        spec.set_channel_config(new ChannelConfig);
-        auto* interfaces = new InterfaceConfig;
-        interfaces->set_kernel_clk_reset(new KernelClkReset);
-        interfaces->set_kernel_clk_reset(new KernelClkReset);
-        spec.set_interface_config(interfaces);
-        EXPECT_EQ(&spec.get_device_config(), device);
-    }
+    EXPECT_TRUE(spec.is_default_global_mem("B") && spec.is_valid_global_mem_interface("B"));
+    EXPECT_FALSE(spec.is_default_global_mem("A") || spec.is_valid_global_mem_interface("c"));
+    auto* first = add_memory(spec, "D", true);
+    EXPECT_EQ(&spec.get_global_mem_config(), first);
+    EXPECT_EQ(&std::as_const(spec).get_global_mem_config(), first);
 }
 
 TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
     GlobalMemConfig gmc;
     EXPECT_EQ(gmc.get_min_byte_address() + gmc.get_max_byte_address(), 0u);
     gmc.interleaved_bytes = 4096;
-    gmc.add_interface(new_interface(0x1000, 1u << 30));
+    add_interface(gmc, 0x1000, 1u << 30, 64);
     EXPECT_EQ(gmc.get_num_interleaved_bytes(), 1u << 30);
-    gmc.add_interface(new_interface(0, 0x1000));
+    add_interface(gmc, 0, 0x1000, 64);
     EXPECT_EQ(fields(gmc.get_num_interleaved_bytes(), gmc.get_min_byte_address(),
                      gmc.get_max_byte_address(), gmc.get_data_width_bits(),
                      gmc.get_data_width_bytes(), gmc.get_max_burst_count()),
@@ -99,16 +74,15 @@ TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
     gmc.interleaved_bytes = 0;
     EXPECT_EQ(gmc.get_num_interleaved_bytes(), 1u << 30);
     GlobalMemConfig wrapping;
-    wrapping.add_interface(new_interface(0xfffffff0, 0x20));
+    add_interface(wrapping, 0xfffffff0, 0x20, 8);
     EXPECT_EQ(wrapping.get_max_byte_address(), 0xfu);
 }
 
-TEST(Interface, StartsWithDefaultsAndTakesPorts) {
+TEST(Interface, TakesPorts) {
     Interface intf;
-    EXPECT_EQ(fields(intf.get_type(), intf.get_data_width(), intf.get_max_burst_count(),
-                     intf.get_size(), intf.get_details().latency, intf.get_details().latency_type,
-                     intf.get_num_ports(), intf.has_separate_rw_ports()),
-              "<unknown>(5)|0|1|0|240|0|0|0|");
+    EXPECT_EQ(
+        fields(intf.get_type(), intf.get_size(), intf.get_details().latency, intf.get_num_ports()),
+        "<unknown>(5)|0|240|0|");
     intf.add_port("both", Port::ReadWrite);
     intf.add_port("in", Port::Read);
     EXPECT_FALSE(intf.has_separate_rw_ports());
@@ -118,8 +92,9 @@ TEST(Interface, StartsWithDefaultsAndTakesPorts) {
     EXPECT_TRUE(intf.has_separate_rw_ports());
     EXPECT_EQ(intf.get_port(2), &out);
     intf.add_port("odd", static_cast<Port::Direction>(3));
-    EXPECT_EQ(fields(intf.get_port_name(1), intf.get_port_direction(1), intf.get_port_direction(3)),
-              "in|1|0|");
+    EXPECT_EQ(
+        fields(intf.get_port_name(1), +intf.get_port_direction(1), +intf.get_port_direction(3)),
+        "in|1|0|");
     Interface sink;
     sink.add_port("out", Port::Write);
     EXPECT_FALSE(sink.has_separate_rw_ports());
@@ -127,11 +102,9 @@ TEST(Interface, StartsWithDefaultsAndTakesPorts) {
 
 TEST(Port, KeepsAttributesThatFit) {
     Port port;
-    EXPECT_TRUE(port.set_attribute("z", 0));
-    EXPECT_FALSE(port.set_attribute("z", 1));
+    EXPECT_TRUE(port.set_attribute("z", 0) && !port.set_attribute("z", 1));
     port.attribute_width = 4;
-    EXPECT_TRUE(port.set_attribute("a", 3));
-    EXPECT_TRUE(port.set_attribute("a", 15));
+    EXPECT_TRUE(port.set_attribute("a", 3) && port.set_attribute("a", 15));
     EXPECT_FALSE(port.set_attribute("a", 16));
     EXPECT_EQ(port.get_attribute("a"), 15u);
     port.attribute_width = 31;
@@ -141,17 +114,16 @@ TEST(Port, KeepsAttributesThatFit) {
     EXPECT_THROW(port.get_attribute("c"), std::out_of_range);
 }
 
-TEST(BoardSpecDump, WritesWhatTheReadersCannotGive) {
-    EXPECT_EQ(fields(BoardSpec::Version{0.0f}, BoardSpec::Version{0.9f}, Interface::StreamSink,
-                     static_cast<Interface::Type>(-1), InterfaceConfig(), DeviceConfig()),
-              "<unknown>(0)|0.9|stream-sink|<unknown>(-1)|"
-              "Interface configuration:\n  Kernel clock-reset: <null>|"
+TEST(BoardSpecDump, WritesWhatNoFileGives) {
+    const auto odd_type = static_cast<Interface::Type>(-1);
+    EXPECT_EQ(fields(BoardSpec::Version{0.0f}, odd_type, InterfaceConfig(), DeviceConfig()),
+              "<unknown>(0)|<unknown>(-1)|Interface configuration:\n  Kernel clock-reset: <null>|"
               "Device configuration:\n  Device model file: \n  Used resources: <null>|");
     std::ostringstream text;
     text << HostConfig() << " " << 26;
     EXPECT_EQ(text.str(),
-              "Host configuration:\n  Kernel configuration start: 0x00000000\n"
-              "  Kernel configuration size:  0x00000000 26");
+              "Host configuration:\n  Kernel configuration start: 0x00000000\n  Kernel "
+              "configuration size:  0x00000000 26");
     EXPECT_EQ(text.fill(), '0');
 }
 
@@ -172,8 +144,6 @@ TEST(BoardSpecDeathTest, PartsMustBeThere) {
     BoardSpec spec;
     DeviceConfig device;
     InterfaceConfig interfaces;
-    GlobalMemConfig gmc;
-    Interface intf;
     expect_missing(spec, device, interfaces);
     expect_missing(std::as_const(spec), std::as_const(device), std::as_const(interfaces));
     expect_aborts({
@@ -186,33 +156,32 @@ TEST(BoardSpecDeathTest, PartsMustBeThere) {
         {"gmc != __null", [&] { spec.add_global_mem_config(nullptr, false); }},
         {"used_resources != __null", [&] { device.set_used_resources(nullptr); }},
         {"kernel_clk_reset != __null", [&] { interfaces.set_kernel_clk_reset(nullptr); }},
-        {"intf != __null", [&] { gmc.add_interface(nullptr); }},
-        {"i < m_interfaces.size()", [&] { gmc.get_intf(0); }},
-        {"get_num_intfs() > 0", [&] { gmc.get_max_burst_count(); }},
-        {"get_num_intfs() > 0", [&] { gmc.get_data_width_bits(); }},
-        {"get_num_intfs() > 0", [&] { gmc.get_num_interleaved_bytes(); }},
-        {"port != __null", [&] { intf.add_port(nullptr); }},
-        {"port < m_port.size()", [&] { intf.get_port_name(0); }},
+        {"intf != __null", [&] { interfaces.add_interface(nullptr); }},
+        {"i < m_interfaces.size()", [&] { interfaces.get_intf(0); }},
+        {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_max_burst_count(); }},
+        {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_data_width_bits(); }},
+        {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_num_interleaved_bytes(); }},
+        {"port != __null", [&] { Interface().add_port(nullptr); }},
+        {"port < m_port.size()", [&] { Interface().get_port_name(0); }},
     });
 }
 
 TEST(BoardSpecDeathTest, FiguresAreInRange) {
     GlobalMemConfig gmc;
-    gmc.add_interface(new_interface(0, 1, 36));
-    Interface intf;
+    add_interface(gmc, 0, 1, 36);
     expect_aborts({{"(data_width_bits % 8) == 0", [&] { gmc.get_data_width_bytes(); }}});
-    gmc.add_interface(new_interface(0, 1, 64));
+    add_interface(gmc, 0, 1, 64);
     gmc.get_interfaces()[1]->set_max_burst_count(2);
     expect_aborts({
         {"intf->get_max_burst_count() == max_burst_count", [&] { gmc.get_max_burst_count(); }},
         {"intf->get_data_width() == data_width", [&] { gmc.get_data_width_bits(); }},
         {"max_bandwidth >= 0.0f", [&] { gmc.set_max_bandwidth(-1); }},
         {"type >= 0 && type < TypeCount", [&] { gmc.set_type(GlobalMemConfig::TypeCount); }},
-        {"type >= 0 && type < TypeCount", [&] { intf.set_type(Interface::TypeCount); }},
-        {"data_width > 0", [&] { intf.set_data_width(0); }},
-        {"max_burst_count > 0", [&] { intf.set_max_burst_count(0); }},
-        {"size > 0", [&] { intf.set_size(0); }},
-        {"sampling_rate > 0", [&] { intf.set_sampling_rate(0); }},
+        {"type >= 0 && type < TypeCount", [] { Interface().set_type(Interface::TypeCount); }},
+        {"data_width > 0", [] { Interface().set_data_width(0); }},
+        {"max_burst_count > 0", [] { Interface().set_max_burst_count(0); }},
+        {"size > 0", [] { Interface().set_size(0); }},
+        {"sampling_rate > 0", [] { Interface().set_sampling_rate(0); }},
         {"size > 0", [] { HostConfig().set_kernel_config_size(0); }},
     });
 }

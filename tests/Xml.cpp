@@ -41,22 +41,16 @@ const std::string DEVICE_MODEL = R"(<device_model version="0.9" target_model="tm
 const std::string TARGET_MODEL = R"(<target_model version="0.9" family="peltrab">
 <style_model file="style_a.xml"/><style_model file="style_b.xml"/>
 <local_mem>
-<single_port_mem_block_width value="41"/><single_port_mem_block_depth value="42"/>
-<dual_port_mem_block_width value="43"/><dual_port_mem_block_depth value="44"/><bursting_lsu_cache_size_n value="45"/>
+<single_port_mem_block_width value="41"/><single_port_mem_block_depth value="42"/><dual_port_mem_block_width value="43"/>
+<dual_port_mem_block_depth value="44"/><bursting_lsu_cache_size_n value="45"/>
 <single_port_mem_block_supports_rdw_mode_old_data value="0"/><dual_port_mem_block_supports_rdw_mode_old_data value="1"/>
-<fmax_degradation>
-<group_per_all_rams value="51"/><total_per_all_rams value="52.5"/><per_coalescing_width value="53"/>
-<per_log2_num_banks value="54"/><per_port_fanin value="0"/>
-</fmax_degradation></local_mem>
-<global_interconnect>
-<arb2_data_pipe_spacing value="61"/><arb2_data_pipe_min_depth value="62"/><arb2_stall_pipe_spacing value="63"/>
-<arb2_stall_pipe_min_depth value="64"/><arb2_pipe_at_output value="0"/><arb2_test_add_latency value="66.5"/>
-</global_interconnect>
+<fmax_degradation><group_per_all_rams value="51"/><total_per_all_rams value="52.5"/><per_coalescing_width value="53"/>
+<per_log2_num_banks value="54"/><per_port_fanin value="0"/></fmax_degradation></local_mem>
+<global_interconnect><arb2_data_pipe_spacing value="61"/><arb2_data_pipe_min_depth value="62"/><arb2_stall_pipe_spacing value="63"/>
+<arb2_stall_pipe_min_depth value="64"/><arb2_pipe_at_output value="0"/><arb2_test_add_latency value="66.5"/></global_interconnect>
 <delay_model><alm_delay_ps value="71"/><routing_delay_ps value="0"/></delay_model>
-<family_info>
-<bits_per_alm value="81"/><lut_inputs value="82"/><mux_inputs value="83"/><preferred_dsp_dot_size value="84"/>
-<block_ram_name value="BR"/><alm_rom_name value="AR"/>
-</family_info></target_model>)";
+<family_info><bits_per_alm value="81"/><lut_inputs value="82"/><mux_inputs value="83"/><preferred_dsp_dot_size value="84"/>
+<block_ram_name value="BR"/><alm_rom_name value="AR"/></family_info></target_model>)";
 
 std::string edit(std::string text, const std::string& from, const std::string& to) {
     const std::size_t gap = from.find("...");
@@ -90,11 +84,14 @@ static std::string expand_outcome(const std::string& outcome) {
 std::vector<Case> parse_cases(const std::string& lines) {
     std::vector<Case> cases;
     for (const std::string& line : split(lines, "\n")) {
+        if (line.empty()) {
+            continue;
+        }
         const std::vector<std::string> parts = split(line, " => ");
-        if (parts.size() == 3) {
-            cases.push_back({parts[0], fill(parts[1], {{"\\n", "\n"}}), expand_outcome(parts[2])});
-        } else if (!line.empty()) {
-            throw std::logic_error("no case: " + line);
+        for (const std::string& from : split(parts.at(0), " || ")) {
+            for (const std::string& to : split(parts.at(1), " || ")) {
+                cases.push_back({from, fill(to, {{"\\n", "\n"}}), expand_outcome(parts.at(2))});
+            }
         }
     }
     return cases;

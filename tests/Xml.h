@@ -40,9 +40,10 @@ struct Case {
     std::string outcome;
 };
 
-/// Cases as lines of the form `from => to => outcome`, where "\n" stands for a line break. An
-/// outcome is "loaded", "silent" or reports with " + " between: `line: message`, or the message
-/// alone where no line is given.
+/// Cases as lines of the form `from => to => outcome`, where "\n" stands for a line break; with
+/// " || " between, there are several texts to edit, or to put there. An outcome is "loaded",
+/// "silent" or reports with " + " between: `line: message`, or the message alone where no line is
+/// given.
 std::vector<Case> parse_cases(const std::string& lines);
 
 template <typename Loader, typename... Flags>
