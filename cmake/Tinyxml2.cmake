@@ -1,4 +1,5 @@
-# Defines tinyxml2::tinyxml2: from the library's own CMake package, else from pkg-config.
+# Defines tinyxml2::tinyxml2: from the library's own CMake package, else from pkg-config. It is for
+# the includer to test whether the target exists. (Also installed: part of the CMake package.)
 
 find_package(tinyxml2 CONFIG QUIET)
 if(NOT TARGET tinyxml2::tinyxml2)
@@ -6,9 +7,8 @@ if(NOT TARGET tinyxml2::tinyxml2)
     if(PKG_CONFIG_FOUND)
         pkg_check_modules(tinyxml2 QUIET IMPORTED_TARGET tinyxml2)
     endif()
-    if(NOT TARGET PkgConfig::tinyxml2)
-        message(FATAL_ERROR "tinyxml2 not found: install libtinyxml2-dev, or name its place in CMAKE_PREFIX_PATH")
+    if(TARGET PkgConfig::tinyxml2)
+        add_library(tinyxml2::tinyxml2 INTERFACE IMPORTED)
+        target_link_libraries(tinyxml2::tinyxml2 INTERFACE PkgConfig::tinyxml2)
     endif()
-    add_library(tinyxml2::tinyxml2 INTERFACE IMPORTED)
-    target_link_libraries(tinyxml2::tinyxml2 INTERFACE PkgConfig::tinyxml2)
 endif()

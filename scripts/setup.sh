@@ -52,3 +52,8 @@ build() {
     fi
     cmake --build "$build_dir" --parallel "$(nproc)" ${targets[@]:+--target "${targets[@]}"} >&2
 }
+
+# copy_sources FOLDER: copies the files that git knows, as they are now.
+copy_sources() {
+    git -C "$project_dir" ls-files -z | tar -C "$project_dir" -c --null -T - | tar -C "$1" -x
+}

@@ -1,0 +1,36 @@
+# What `cmake --install` puts where. No installed file names a folder of the machine that built it,
+# nor the prefix: the installed tree can be moved.
+
+include(CMakePackageConfigHelpers)
+
+set(vemo_include_dir "${CMAKE_INSTALL_INCLUDEDIR}/vemo-boardspec")
+set(vemo_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vemo-boardspec")
+set(vemo_schema_dir "${CMAKE_INSTALL_DATADIR}/vemo-boardspec/schema")
+
+# vemo_install_text(FILES|PROGRAMS <destination> <file>...): installs texts of the source tree with
+# the @VARIABLES@ in them, such as @PROJECT_VERSION@, filled in.
+function(vemo_install_text kind destination)
+    foreach(file IN LISTS ARGN)
+        configure_file("${PROJECT_SOURCE_DIR}/${file}" "${PROJECT_BINARY_DIR}/${file}" @ONLY)
+        install(${kind} "${PROJECT_BINARY_DIR}/${file}" DESTINATION "${destination}")
+    endforeach()
+endfunction()
+
+# The programs, and the library with its headers.
+install(TARGETS vemo-boardspec vemo-boardspec-lib
+    EXPORT vemo-boardspec-targets
+    FILE_SET HEADERS DESTINATION "${vemo_include_dir}")
+
+# The CMake package.
+install(EXPORT vemo-boardspec-targets NAMESPACE vemo:: DESTINATION "${vemo_package_dir}")
+write_basic_package_version_file(vemo-boardspec-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES
+        cmake/Tinyxml2.cmake
+        cmake/vemo-boardspec-config.cmake
+        "${CMAKE_CURRENT_BINARY_DIR}/vemo-boardspec-config-version.cmake"
+    DESTINATION "${vemo_package_dir}")
+
+# The pkg-config file, which finds the prefix from where it is itself.
+set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH pc_to_prefix "${CMAKE_INSTALL_PREFIX}/${pc_dir}" "${CMAKE_INSTALL_PREFIX}")
+vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
