@@ -1,6 +1,6 @@
 """manual_test.py TOOL SOURCE_DIR: the manual pages are well formed and true. What they show as files
-makes a package, what they show as sessions happens, and the commands that they and the completions
-list are those of the tool."""
+makes a package, what they show as sessions happens. Their programs and the recipes get answers, and
+fail when the tool does. All lists of commands are complete."""
 
 import glob
 import os
@@ -11,6 +11,27 @@ import tempfile
 
 tool, source = (os.path.abspath(arg) for arg in sys.argv[1:3])
 pages = sorted(glob.glob(source + "/man/*.[15]"))
+recipes = source + "/examples/recipes"
+
+# The flow of each, and the program.
+QUERIES = [
+    ("debug", "sh -eu query.sh"),
+    ("debug", "make -f query.mk"),
+    ("debug", "cmake -D BOARD=$BOARD -P query.cmake"),
+    ("debug", f"{recipes}/shell/list-flows $BOARD"),
+    ("debug", f"make -C {recipes}/make BOARD=$BOARD FLOW=debug"),
+    ("release", f"make -C {recipes}/make BOARD=$BOARD"),
+    ("debug", f"cmake -S {recipes}/cmake -B 1 -D BOARD=$BOARD -D FLOW=debug && cmake --build 1"),
+    ("release", f"cmake -S {recipes}/cmake -B 2 -D BOARD=$BOARD && cmake --build 2"),
+]
+ANSWERS = {"debug": "fendra_sh --flow compile burdock --revision=burdock_debug",
+           "release": "fendra_sh --flow compile burdock"}
+LISTS = {  # the pattern of a command in each
+    "man/vemo-boardspec.1": r"^\.It Ic (\w+)$",
+    "completions/vemo-boardspec.bash": r"^    ([a-z]+|[a-z]+_[a-z]+)$(?=[^)]*\n\)\n\n# Splits)",
+    "completions/_vemo-boardspec": r"^    '(\w+):",
+    "completions/vemo-boardspec.fish": r"^    (\w+)\\t",
+}
 failures = 0
 
 
@@ -19,61 +40,51 @@ def read(path):
         return file.read()
 
 
-def expect(condition, message):
+def expect(condition, *message):
     global failures
     if not condition:
-        print(message)
+        print(*message)
         failures += 1
 
 
-def run(*command, **environment):
-    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          env=dict(os.environ, **environment), check=False)
+def run(command, **environment):
+    """Exit status and output."""
+    result = subprocess.run(command, shell=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                            text=True, env={**os.environ, **environment}, check=False)
+    return result.returncode, result.stdout
 
 
 def displays(kind):
-    """Name and text of all displays of that kind: those behind a comment with this word."""
-    for page in pages:
-        pattern = r'^\.\\" %s ?(.*)\n\.Bd .*\n([^\0]*?)^\.Ed' % kind
-        for name, text in re.findall(pattern, read(page), re.M):
-            yield name, text.replace(r"\-", "-").replace(r"\e", "\\")
+    """Name and text of the displays that a comment with this word announces."""
+    pattern = rf'^\.\\" {kind} ?(.*)\n\.Bd .*\n([^\0]*?)^\.Ed'
+    for name, text in re.findall(pattern, "".join(map(read, pages)), re.M):
+        yield name, text.replace(r"\-", "-").replace(r"\e", "\\")
 
 
-lint = run("mandoc", "-Tlint", "-Wwarning", *pages)
-expect(lint.returncode == 0 and not lint.stdout, lint.stdout)
+lint = run(f"mandoc -Tlint -Wwarning '{source}'/man/*.[15]")
+expect(lint == (0, ""), lint)
 
-os.environ["PATH"] = os.path.dirname(tool) + ":" + os.environ["PATH"]
 with tempfile.TemporaryDirectory() as directory:
     os.chdir(directory)
-    for name, text in displays("FILE"):
+    os.environ["PATH"] = f"{directory}:{os.path.dirname(tool)}:{os.environ['PATH']}"
+    for name, text in [*displays("FILE"), ("kitforge", ":"), ("fendra_sh", 'echo "fendra_sh $*"')]:
         with open(name, "w", encoding="utf-8") as file:
             file.write(text)
+        os.chmod(name, 0o755)
 
-    sessions = [line for _, text in displays("SESSION")
-                for line in re.findall(r"^\$ (.*)\n((?:[^$].*\n)*)", text, re.M)]
-    expect(sessions, "no sessions")
-    for command, output in sessions:
-        happened = run("sh", "-c", command).stdout
-        expect(happened == output, f"{command}: {happened!r}, the page says {output!r}")
+    for _, text in displays("SESSION"):
+        for command, output in re.findall(r"^\$ (.*)\n((?:[^$].*\n)*)", text, re.M):
+            expect(run(command)[1] == output, command, "prints", run(command), "not", output)
 
-    answer = "burdock: fendra_sh --flow compile burdock --revision=burdock_debug"
-    for query in (["sh", "-eu", "query.sh"], ["make", "-f", "query.mk"],
-                  ["cmake", "-D", "BOARD=board_spec.xml", "-P", "query.cmake"]):
-        result = run(*query, BOARD="board_spec.xml")
-        expect(result.returncode == 0 and answer in result.stdout, f"{query}: {result}")
-        result = run(*[arg.replace("board_spec", "nosuch") for arg in query], BOARD="nosuch.xml")
-        expect(result.returncode != 0 and "load xml file: nosuch.xml" in result.stdout,
-               f"{query} without a board: {result}")
+    for flow, query in QUERIES:
+        status, output = run(query, BOARD=directory + "/board_spec.xml")
+        expect(status == 0 and re.search(ANSWERS[flow] + "$", output, re.M), query, status, output)
+        status, output = run(query, BOARD=directory + "/nosuch.xml")
+        expect(status != 0 and f"xml file: {directory}/nosuch.xml" in output, query, status, output)
 
-    commands = re.findall(r"^([a-z_]+)$", run(tool, "board_spec.xml", "?").stdout, re.M)
-    lists = {path: re.findall(pattern, read(f"{source}/{path}"), re.M) for path, pattern in {
-        "man/vemo-boardspec.1": r"^\.It Ic (\w+)$",
-        "completions/_vemo-boardspec": r"^    '(\w+):",
-        "completions/vemo-boardspec.fish": r"^    (\w+)\\t",
-    }.items()}
-    lists["bash"] = run("bash", "-c", f". '{source}/completions/vemo-boardspec.bash';"
-                        " echo ${_vemo_boardspec_commands[@]}").stdout.split()
-    for path, listed in lists.items():
-        expect(sorted(listed) == commands, f"{path} lists {listed}, the tool {commands}")
+    commands = re.findall(r"^(\w+)$", run(f"{tool} board_spec.xml '?'")[1], re.M)
+    for path, pattern in LISTS.items():
+        listed = sorted(re.findall(pattern, read(f"{source}/{path}"), re.M))
+        expect(listed == commands, path, "lists", listed, "the tool", commands)
 
 sys.exit(failures > 0)
