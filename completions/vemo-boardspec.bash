@@ -142,7 +142,7 @@ _vemo_boardspec_dump() {
     local words quote kept
     _vemo_boardspec_split_line
     case ${words[-1]} in
-        -*) _vemo_boardspec_offer --format={text,json,sh,make} --help --version ;;
+        -*) _vemo_boardspec_offer --allow-overlap --format={text,json,sh,make} --help --version ;;
         *) _vemo_boardspec_offer_files ;;
     esac
 }

@@ -60,6 +60,7 @@ complete -c vemo-boardspec-lint -l help -d 'tell the usage'
 complete -c vemo-boardspec-lint -l version -d 'tell the version'
 
 complete -c vemo-boardspec-dump -f -a '(__vemo_boardspec_files)'
+complete -c vemo-boardspec-dump -l allow-overlap -d 'accept memories that overlap'
 complete -c vemo-boardspec-dump -l format -x -a 'text json sh make' -d 'form of the output'
 complete -c vemo-boardspec-dump -l help -d 'tell the usage'
 complete -c vemo-boardspec-dump -l version -d 'tell the version'

@@ -1,15 +1,11 @@
-"""editors_test.py TOOL SOURCE_DIR: Vim and Visual Studio Code find in what the tool prints the faults
-that are there, with file and line."""
+"""Vim and Visual Studio Code find in what the tool prints the faults that are there, with file and
+line."""
 
 import json
-import os
 import re
 import shutil
-import subprocess
-import sys
-import tempfile
 
-tool, source = (os.path.abspath(arg) for arg in sys.argv[1:3])
+from support import check, read, run, source, tool, write
 
 # A piece of the board file, what takes its place, and the faults: file, line (0: none), message.
 CASES = [
@@ -24,30 +20,30 @@ CASES = [
     ("pb3180.xml", "./peltrab.xml", [["./peltrab.xml", 2, "Unexpected element 'target_model'."]]),
     ("$", "", [["", 0, "Could not find the BSP nosuch in board_spec.xml!"]]),
 ]
+MATCHERS = json.loads(read(source + "/editors/vscode/tasks.json"))["tasks"][0]["problemMatcher"]
+VIM = f"vim -es -u NONE -i NONE --cmd 'set nocp rtp^={source}/editors/vim' -S script"
+write("script", """compiler vemo-boardspec
+cgetfile output
+let valid = filter(getqflist(), 'v:val.valid')
+let entries = map(valid, '[bufname(v:val.bufnr), v:val.lnum, trim(v:val.text)]')
+call writefile([json_encode(entries)], 'entries')
+quitall!
+""")
 
 
 def vim(output):
-    with open("output", "w", encoding="utf-8") as file:
-        file.write(output)
-    entry = "json_encode([bufname(v:val.bufnr), v:val.lnum, trim(v:val.text)])"
-    script = ["compiler vemo-boardspec", "cgetfile output",
-              f'call writefile(map(filter(getqflist(), "v:val.valid"), "{entry}"), "entries")', "qa!"]
-    subprocess.run(["vim", "-es", "-u", "NONE", "-i", "NONE", "--cmd",
-                    f"set nocompatible runtimepath^={source}/editors/vim"]
-                   + [word for line in script for word in ("-c", line)],
-                   stdin=subprocess.DEVNULL, check=True)
-    with open("entries", encoding="utf-8") as file:
-        return [json.loads(line) for line in file]
+    write("output", output)
+    check(VIM, run(VIM), (0, ""))
+    return json.loads(read("entries"))
 
 
 def vscode(output):
     """Applies matchers of two patterns to pairs of lines. A line belongs to one match."""
-    with open(source + "/editors/vscode/tasks.json", encoding="utf-8") as file:
-        matchers = json.load(file)["tasks"][0]["problemMatcher"]
     problems, first = [], ""
     for second in output.splitlines():
-        for patterns in (matcher["pattern"] for matcher in matchers):
-            matches = [re.search(patterns[i]["regexp"], line) for i, line in enumerate([first, second])]
+        for patterns in (matcher["pattern"] for matcher in MATCHERS):
+            matches = [re.search(pattern["regexp"], line)
+                       for pattern, line in zip(patterns, [first, second])]
             if all(matches):
                 found = {key: match[pattern[key]] for pattern, match in zip(patterns, matches)
                          for key in ("file", "line", "message") if key in pattern}
@@ -58,21 +54,10 @@ def vscode(output):
     return problems
 
 
-failures = 0
-with tempfile.TemporaryDirectory() as directory:
-    os.chdir(directory)
-    shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
-    with open("board_spec.xml", encoding="utf-8") as file:
-        board = file.read()
-    for piece, replacement, faults in CASES:
-        with open("b c.xml", "w", encoding="utf-8") as file:
-            file.write(re.sub(piece, replacement, board, count=1, flags=re.S))
-        printed = subprocess.run([tool, "b c.xml", "name:nosuch"], stdout=subprocess.PIPE, text=True,
-                                 check=False).stdout
-        # What has no file is an entry in Vim alone.
-        for found, expected in [(vim(printed), faults),
-                                (vscode(printed), [fault for fault in faults if fault[0]])]:
-            if found != expected:
-                print(f"{found}, expected {expected} of\n{printed}")
-                failures += 1
-sys.exit(failures > 0)
+shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
+for piece, replacement, faults in CASES:
+    write("b c.xml", re.sub(piece, replacement, read("board_spec.xml"), count=1, flags=re.S))
+    printed = run(f"{tool} 'b c.xml' name:nosuch")[1]
+    check(printed + "Vim", vim(printed), faults)
+    # What has no file is no problem here.
+    check(printed + "Visual Studio Code", vscode(printed), [fault for fault in faults if fault[0]])
