@@ -21,7 +21,7 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, const char** val
 }
 
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, CompactString* value) {
-    *value = std::string_view(attribute.Value());
+    *value = attribute.Value();
     return true;
 }
 

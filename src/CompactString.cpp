@@ -17,8 +17,12 @@ CompactString& CompactString::operator=(CompactString&& other) noexcept {
 }
 
 CompactString& CompactString::operator=(std::string_view text) {
-    CompactString copy(text);
-    swap(copy);
+    if (empty()) {  // the usual case: a name is read into a new object
+        assign(text);
+    } else {
+        CompactString copy(text);
+        swap(copy);
+    }
     return *this;
 }
 

@@ -18,6 +18,7 @@ public:
     CompactString& operator=(const CompactString& other);
     CompactString& operator=(CompactString&& other) noexcept;
     CompactString& operator=(std::string_view text);
+    CompactString& operator=(const char* text) { return *this = std::string_view(text); }
     ~CompactString() { release(); }
 
     const char* c_str() const { return is_on_heap() ? heap_text() : m_bytes; }

@@ -1,0 +1,59 @@
+"""The manual pages are well formed and true: what they show as files makes a package, what they
+show as sessions happens. Their programs and the recipes get answers, and fail when the tool does.
+All lists of commands are complete."""
+
+import glob
+import os
+import re
+
+from support import check, home, read, run, source, tool, write
+
+PAGES = "".join(map(read, glob.glob(source + "/man/*.[15]")))
+RECIPES = source + "/examples/recipes"
+DEBUG = " --revision=burdock_debug"
+QUERIES = [  # how the command ends that each tells, and the program
+    (DEBUG, "sh -eu query.sh"),
+    (DEBUG, "make -f query.mk"),
+    (DEBUG, "cmake -D BOARD=$BOARD -P query.cmake"),
+    (DEBUG, f"{RECIPES}/shell/list-flows $BOARD"),
+    (DEBUG, f"make -C {RECIPES}/make BOARD=$BOARD FLOW=debug"),
+    ("", f"make -C {RECIPES}/make BOARD=$BOARD"),
+    (DEBUG, f"cmake -S {RECIPES}/cmake -B 1 -D BOARD=$BOARD -D FLOW=debug && cmake --build 1"),
+    ("", f"cmake -S {RECIPES}/cmake -B 2 -D BOARD=$BOARD && cmake --build 2"),
+]
+LISTS = {  # the pattern of a command in each
+    "man/vemo-boardspec.1": r"^\.It Ic (\w+)$",
+    "completions/vemo-boardspec.bash": r"^    (\w+)$(?=[^)]*\n\)\n\n# Splits)",
+    "completions/_vemo-boardspec": r"^    '(\w+):",
+    "completions/vemo-boardspec.fish": r"^    (\w+)\\t",
+}
+
+
+def displays(kind):
+    """Name and text of the displays that a comment with this word announces."""
+    for name, text in re.findall(rf'^\.\\" {kind} ?(.*)\n\.Bd .*\n([^\0]*?)^\.Ed', PAGES, re.M):
+        yield name, text.replace(r"\-", "-").replace(r"\e", "\\")
+
+
+check("mandoc", run(f"mandoc -Tlint -Wwarning '{source}'/man/*.[15]"), (0, ""))
+
+os.environ["PATH"] = f"{home}:{os.path.dirname(tool)}:{os.environ['PATH']}"
+for name, text in [*displays("FILE"), ("kitforge", ":"), ("fendra_sh", 'echo "fendra_sh $*"')]:
+    write(name, text)
+
+for _, text in displays("SESSION"):
+    for command, output in re.findall(r"^\$ (.*)\n((?:[^$].*\n)*)", text, re.M):
+        check(command, run(command)[1], output)
+
+for end, query in QUERIES:
+    for board, expected, line in [
+            ("board_spec.xml", 0, f"fendra_sh --flow compile burdock{end}$"),
+            ("nosuch.xml", 1, f"xml file: {home}/nosuch.xml")]:
+        os.environ["BOARD"] = f"{home}/{board}"
+        status, output = run(query)
+        right = min(status, 1) == expected and bool(re.search(line, output, re.M))
+        check(f"{query}, status {status}: {output}", right, True)
+
+commands = re.findall(r"^(\w+)$", run(f"{tool} board_spec.xml '?'")[1], re.M)
+for path, pattern in LISTS.items():
+    check(path, sorted(re.findall(pattern, read(f"{source}/{path}"), re.M)), commands)
