@@ -34,3 +34,22 @@ install(FILES
 set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH pc_to_prefix "${CMAKE_INSTALL_PREFIX}/${pc_dir}" "${CMAKE_INSTALL_PREFIX}")
 vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
+
+# The schemas, with the catalogue that editors look them up in.
+install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}")
+
+# The manual.
+vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1" man/vemo-boardspec.1)
+vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man5"
+    man/vemo-board-spec.5 man/vemo-device-model.5 man/vemo-target-model.5)
+
+# Completion. Bash and fish look for a file with the name of the command, zsh reads them all.
+set(VEMO_ZSH_COMPLETION_DIR "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
+    "Where zsh finds completion functions")
+foreach(program vemo-boardspec vemo-boardspec-lint vemo-boardspec-dump)
+    install(FILES completions/vemo-boardspec.bash RENAME ${program}
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+    install(FILES completions/vemo-boardspec.fish RENAME ${program}.fish
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+endforeach()
+install(FILES completions/_vemo-boardspec DESTINATION "${VEMO_ZSH_COMPLETION_DIR}")
