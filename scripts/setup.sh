@@ -40,7 +40,9 @@ install_packages() {
 }
 
 # What any build needs.
-install_build_packages() { install_packages g++ cmake make libtinyxml2-dev "$@"; }
+install_build_packages() {
+    install_packages g++ cmake make libtinyxml2-dev nlohmann-json3-dev libcli11-dev "$@"
+}
 
 # build PRESET [TARGET...]: brings build/PRESET up to date, quietly when it is.
 build() {

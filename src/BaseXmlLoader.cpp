@@ -16,30 +16,43 @@ std::FILE* open_file(const char* filename) {
     return fd == -1 ? nullptr : fdopen(fd, "rb");
 }
 
-tinyxml2::XMLError load(tinyxml2::XMLDocument* doc, const char* filename) {
+void load(tinyxml2::XMLDocument* doc, const char* filename) {
     std::FILE* file = open_file(filename);
     if (file == nullptr) {
-        return doc->LoadFile(filename);  // words the failure
+        doc->LoadFile(filename);  // words the failure
+        return;
     }
-    const tinyxml2::XMLError result = doc->LoadFile(file);
+    doc->LoadFile(file);
     std::fclose(file);
-    return result;
 }
 
 }  // namespace
 
 tinyxml2::XMLDocument* BaseXmlLoader::parse_file(const char* filename) {
+    auto doc = read_file(filename);
+    if (doc->Error()) {
+        std::printf("ERROR FOUND: %s\n", doc->ErrorName());
+        return nullptr;
+    }
+    return doc.release();
+}
+
+tinyxml2::XMLDocument* BaseXmlLoader::parse_file_quietly(const char* filename) {
+    auto doc = read_file(filename);
+    return doc->Error() ? nullptr : doc.release();
+}
+
+std::unique_ptr<tinyxml2::XMLDocument> BaseXmlLoader::read_file(const char* filename) {
     VEMO_ASSERT(filename != NULL);
     m_source_name = filename;
     reset_errors();
 
     auto doc = std::make_unique<tinyxml2::XMLDocument>();
-    if (load(doc.get(), filename) != tinyxml2::XML_SUCCESS || doc->Error()) {
-        std::printf("ERROR FOUND: %s\n", doc->ErrorName());
+    load(doc.get(), filename);
+    if (doc->Error()) {
         set_last_error(doc.get());
-        return nullptr;
     }
-    return doc.release();
+    return doc;
 }
 
 tinyxml2::XMLDocument* BaseXmlLoader::parse_xml(const char* xml) {

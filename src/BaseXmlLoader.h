@@ -39,6 +39,10 @@ public:
     /// alone.
     tinyxml2::XMLDocument* parse_xml(const char* xml);
 
+    /// parse_file for programs that keep standard output for what they were asked: nothing is
+    /// announced there.
+    tinyxml2::XMLDocument* parse_file_quietly(const char* filename);
+
     void report_error(const std::string& text) override;
     void report_warning(const std::string& text) override;
     const char* get_source_name() const override;  // null before the first parse
@@ -87,6 +91,9 @@ protected:
     }
 
 private:
+    /// The document of a file, or one that holds the error that has been recorded.
+    std::unique_ptr<tinyxml2::XMLDocument> read_file(const char* filename);
+
     const char* m_source_name = nullptr;  // not owned
     std::vector<std::string> m_errors;
     std::vector<std::string> m_warnings;

@@ -41,6 +41,11 @@ TargetFamily find_target_family(std::string_view key) {
     return static_cast<TargetFamily>(index);
 }
 
+const char* find_target_family_key(TargetFamily family) {
+    const FamilyNames* names = find_family_names(family);
+    return names == nullptr ? nullptr : names->key;
+}
+
 void LocalMemFmaxDegradationModel::set_group_per_all_rams(float group_per_all_rams) {
     VEMO_ASSERT(group_per_all_rams >= 0.0f);
     m_group_per_all_rams = group_per_all_rams;

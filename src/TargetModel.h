@@ -23,6 +23,9 @@ enum class TargetFamily : std::int32_t {
 /// The family that target model files write as `key`, or TypeCount when there is none.
 TargetFamily find_target_family(std::string_view key);
 
+/// That key, or null for a value that is no family.
+const char* find_target_family_key(TargetFamily family);
+
 /// How the fmax of local memory degrades with its structure. All figures are at least 0.
 class LocalMemFmaxDegradationModel {
 public:

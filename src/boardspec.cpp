@@ -11,6 +11,7 @@
 #include "Assert.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
+#include "LoadFailure.h"
 #include "TargetModelXmlLoader.h"
 
 using vemo::board::BoardSpec;
@@ -113,8 +114,7 @@ void error_loader(const Loader& loader, const char* filename) {
     for (unsigned i = 0; i < loader.get_num_errors(); ++i) {
         write_output(loader.get_error(i));
     }
-    error(std::string("Failed to load xml file: ") + filename
-          + "\nMake sure the Board Package is compatible with the current edition");
+    error(vemo::load_failure_message(filename));
 }
 
 BoardSpec* parse_boardspec(const char* bspec_xml) {

@@ -6,16 +6,13 @@
 
 #include "Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
+#include "BoardSpecXml/Words.h"
 #include "WordTable.h"
 
 namespace vemo::board::xml {
 namespace {
 
 using vemo::xml::unsigned64_hex;
-
-// Indexed by GlobalMemConfig::Type.
-constexpr const char* TYPE_WORDS[] = {"shared virtual", "shared physical", "device private"};
-static_assert(std::size(TYPE_WORDS) == GlobalMemConfig::TypeCount);
 
 }  // namespace
 
@@ -66,8 +63,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
     }
     const char* type_word = nullptr;
     if (!m_has_error && query_attribute(elem, "type", &type_word, REPORT, OPTIONAL)) {
-        const std::size_t type = index_of_word(TYPE_WORDS, type_word);
-        if (type == std::size(TYPE_WORDS)) {
+        const std::size_t type = index_of_word(MEMORY_TYPE_WORDS, type_word);
+        if (type == std::size(MEMORY_TYPE_WORDS)) {
             return report_attr_error(elem, "type",
                                      std::string("Unrecognized type '") + type_word + "'.");
         }

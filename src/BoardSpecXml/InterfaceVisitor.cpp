@@ -4,19 +4,13 @@
 #include <string_view>
 
 #include "BoardSpecXml/PortVisitor.h"
+#include "BoardSpecXml/Words.h"
 #include "WordTable.h"
 
 namespace vemo::board::xml {
 namespace {
 
 using vemo::xml::unsigned64_hex;
-
-// Indexed by Interface::Type.
-constexpr const char* TYPE_WORDS[] = {"slave", "master", "irq", "streamsource", "streamsink"};
-static_assert(std::size(TYPE_WORDS) == Interface::TypeCount);
-
-// Indexed by Interface::latency_type.
-constexpr const char* LATENCY_TYPE_WORDS[] = {"average", "fixed"};
 
 }  // namespace
 
@@ -95,8 +89,8 @@ bool InterfaceVisitor::read_type(const XMLElement& elem, const FoundAttribute& f
     if (!query_attribute(elem, found, &word, REPORT, REQUIRED)) {
         return false;
     }
-    const std::size_t type = index_of_word(TYPE_WORDS, word);
-    if (type == std::size(TYPE_WORDS)) {
+    const std::size_t type = index_of_word(INTERFACE_TYPE_WORDS, word);
+    if (type == std::size(INTERFACE_TYPE_WORDS)) {
         return report_attr_error(elem, found.name,
                                  std::string("Unrecognized Varnel interface type '") + word + "'.");
     }

@@ -6,16 +6,10 @@
 
 #include "Assert.h"
 #include "BoardSpecXml/AttributeVisitor.h"
+#include "BoardSpecXml/Words.h"
 #include "WordTable.h"
 
 namespace vemo::board::xml {
-namespace {
-
-// Indexed by Port::Direction.
-constexpr const char* DIRECTION_WORDS[] = {"rw", "r", "w"};
-static_assert(std::size(DIRECTION_WORDS) == Port::TypeCount);
-
-}  // namespace
 
 PortVisitor::PortVisitor(BaseVisitor* parent, Interface* intf) : BaseVisitor(parent), m_intf(intf) {
     VEMO_ASSERT(intf != NULL);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "AnswerTable.h"
+
+namespace vemo::dump {
+
+// Every answer as the assignment of a variable: vemo_<command>, with the answer about the default
+// flow where a command reads a flow; then vemo_num_flows, and vemo_flow_<i>_name and
+// vemo_flow_<i>_<command> for the i-th flow, counted from 0. What a board file contains can end up
+// in a value, never in a name. Values are kept to the byte.
+
+/// For the eval of a POSIX shell.
+std::string shell_dump(const AnswerSources& sources);
+
+/// For the include of a GNU makefile. Defines vemo_empty and vemo_newline, too.
+std::string make_dump(const AnswerSources& sources);
+
+/// A shell word that stands for exactly `value`.
+std::string shell_quoted(const std::string& value);
+
+/// The right-hand side of := that gives a variable of make exactly `value`, with the help of
+/// vemo_empty and vemo_newline.
+std::string make_quoted(const std::string& value);
+
+}  // namespace vemo::dump

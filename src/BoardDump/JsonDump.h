@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "AnswerTable.h"
+
+namespace vemo::dump {
+
+/// Every answer and the three models as one JSON object, UTF-8 whatever the files contain: bytes
+/// that are none become U+FFFD. Its members:
+///   "answers"       every command with its answer (of the default flow), all of them texts
+///   "flows"         per compile flow: its name, and the commands that read a flow with their
+///                   answers
+///   "board", "device_model", "target_model"
+///                   the models, built and named as the files are: a member for each element and
+///                   attribute; an array, in file order, where an element may occur several times
+/// In the models a number is a JSON number and a flag a boolean; null stands for a figure or a part
+/// that is not given, and for a figure that is not finite.
+std::string json_dump(const AnswerSources& sources);
+
+}  // namespace vemo::dump

@@ -1,0 +1,135 @@
+// vemo-boardspec-dump: everything about a board in one call.
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "BoardDump/AssignmentDump.h"
+#include "BoardDump/JsonDump.h"
+#include "BoardDump/TextDump.h"
+#include "BoardPackage.h"
+
+namespace {
+
+constexpr const char* PROGRAM = "vemo-boardspec-dump";
+
+struct Format {
+    const char* name;
+    std::string (*dump)(const vemo::AnswerSources& sources);
+};
+
+// The first one is the default.
+constexpr Format FORMATS[] = {
+    {"text", vemo::dump::text_dump},
+    {"json", vemo::dump::json_dump},
+    {"sh", vemo::dump::shell_dump},
+    {"make", vemo::dump::make_dump},
+};
+
+constexpr const char* FORMAT_HELP = R"(Formats:
+  text  The models as text, every compile flow, and a table and an address map
+        of the global memories: "--" marks a gap, "!!" an overlap.
+  json  One object: "answers" (of every vemo-boardspec command), "flows" (the
+        answers of each compile flow), "board", "device_model" and
+        "target_model" (all that the files say).
+  sh    Assignments to eval: vemo_<command>, vemo_num_flows, vemo_flow_<i>_name
+        and vemo_flow_<i>_<command>, with i from 0.
+  make  The same variables for the include of a GNU makefile.
+
+Examples:
+  vemo-boardspec-dump board_spec.xml
+  vemo-boardspec-dump --format=json board_spec.xml | jq .board.global_mem
+  answers=$(vemo-boardspec-dump --format=sh board_spec.xml) && eval "$answers"
+  vemo-boardspec-dump --format=make board_spec.xml >board.mk
+
+Exit status: 0, or 1 after an error, which is told on standard error.)";
+
+struct Options {
+    std::string format = FORMATS[0].name;
+    bool allow_overlap = false;
+    std::string board_path;
+};
+
+std::vector<std::string> format_names() {
+    std::vector<std::string> names;
+    for (const Format& format : FORMATS) {
+        names.emplace_back(format.name);
+    }
+    return names;
+}
+
+/// The exit status.
+int fail(const std::string& message) {
+    std::fprintf(stderr, "Error: %s\n", message.c_str());
+    return EXIT_FAILURE;
+}
+
+/// Writes all that goes to standard output. The exit status.
+int print(const std::string& text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) < text.size()
+        || std::fflush(stdout) != 0) {
+        std::fprintf(stderr, "%s: cannot write to standard output: %s\n", PROGRAM,
+                     std::strerror(errno));
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
+
+void declare(CLI::App& app, Options& options) {
+    app.name(PROGRAM);
+    app.description("Prints everything about an FPGA accelerator board package.");
+    app.footer(FORMAT_HELP);
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_VERSION,
+                         "Print the version and exit");
+    app.add_option("--format", options.format, "text (the default), json, sh or make")
+        ->option_text("FORMAT")
+        ->check(CLI::IsMember(format_names()))
+        ->take_last();
+    app.add_flag("--allow-overlap", options.allow_overlap,
+                 "Dump a board whose global memories overlap, too");
+    app.add_option("BOARD", options.board_path, "The board file, board_spec.xml")
+        ->option_text(" ")
+        ->required();
+}
+
+int run(int argc, char** argv) {
+    CLI::App app;
+    Options options;
+    declare(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        return print(app.help());
+    } catch (const CLI::CallForVersion& version) {
+        return print(std::string(version.what()) + "\n");
+    } catch (const CLI::ParseError& error) {
+        return fail(std::string(error.what()) + "\nRun " + PROGRAM + " --help for its usage.");
+    }
+    const vemo::BoardPackage package(options.board_path, options.allow_overlap);
+    const auto* format = std::find_if(
+        std::begin(FORMATS), std::end(FORMATS),
+        [&options](const Format& candidate) { return options.format == candidate.name; });
+    return print(format->dump(package.sources()));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const vemo::LoadError& error) {
+        std::fputs(error.reports().c_str(), stderr);
+        return fail(error.what());
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+}

@@ -1,0 +1,175 @@
+#include <cstdlib>
+
+#include <sys/wait.h>
+#include <nlohmann/json.hpp>
+
+#include "BoardDump/JsonDump.h"
+#include "BoardDump/TextDump.h"
+#include "BoardPackage.h"
+#include "FilePath.h"
+#include "Testing.h"
+#include "Xml.h"
+
+namespace {
+
+std::vector<std::string> hostile_values() {
+    std::string all_bytes;
+    for (int byte = 1; byte < 256; ++byte) {
+        all_bytes += static_cast<char>(byte);
+    }
+    return {"\xe2\x82", all_bytes,  "",      " ",       "\t a ", "\\",      "a\\\\",
+            "\r",       "a\r\nb\n", "\\\n",  "# b",     "a\\#b", "\\\\#",   "$(shell :>hit)",
+            "$(error)", "`:>hit`",  "'",     "\"$x\"",  "${x}",  "$$",      "';:>hit;'",
+            "\xff'",    "a\n:= b",  "endef", "endef\n", "-n",    "define x"};
+}
+
+/// Each hostile value is the command of a flow, and follows a letter in the flow's name.
+std::string hostile_board() {
+    std::string flows;
+    for (const std::string& value : hostile_values()) {
+        std::string text;
+        for (const char c : value) {
+            const bool is_plain = std::string("&<>\"\t\n\r").find(c) == std::string::npos;
+            text += is_plain ? std::string(1, c) : "&#" + std::to_string(c) + ";";
+        }
+        flows += fill(R"(<compile name="fV" project="" revision="" lomb_file="" generic_kernel="1">
+<generate cmd=""/><synthesize cmd="V"/><auto_migrate platform_type="auto"/></compile>)",
+                      {{"V", text}});
+    }
+    return edit(BOARD, "<compile...</board>", flows + "</board>");
+}
+
+struct Dump : ::testing::Test {
+    Dump() {
+        dir.write("board_spec.xml", BOARD);
+        dir.write("dev.xml", DEVICE_MODEL);
+        dir.write("tm.xml", TARGET_MODEL);
+    }
+
+    vemo::BoardPackage load() const { return {dir / "board_spec.xml", false}; }
+    nlohmann::json json() const {
+        return nlohmann::json::parse(vemo::dump::json_dump(load().sources()));
+    }
+
+    /// Exit status of a shell command that writes to the files out and err.
+    int run(const std::string& command) const {
+        const int status = std::system(
+            ("cd " + dir.path + "; dump=" VEMO_DUMP "; { " + command + "; } >out 2>err").c_str());
+        return WEXITSTATUS(status);
+    }
+
+    TempDir dir;
+};
+
+}  // namespace
+
+TEST_F(Dump, MapsAddresses) {
+    std::string board =
+        edit(BOARD, "address=\"0x0\" size=\"0x1000\"", "address=\"0xfffff000\" size=\"0x2000\"");
+    board = edit(board, "address=\"0x1000\" size", "address=\"0x1800\" size");
+    dir.write("board_spec.xml", edit(board, "size=\"0x800\"", "size=\"0x2001\""));
+    EXPECT_EQ(edit(vemo::dump::text_dump(load().sources()), "...Global memories:\n", ""),
+              R"(  name  type             max bandwidth  interleaving  config addr  addresses
+  DDR   shared physical          100.5  1 KiB x 2     0x00000018   0xfffff000-0x000027ff
+  QDR   device private               0  none          0x00000000   0x00002000-0x00004000
+
+Address map:
+      0x00000000-0x00000fff       4 KiB  DDR  d0.d0_r/d0_w (wrapped)
+  --  0x00001000-0x000017ff       2 KiB  gap
+      0x00001800-0x000027ff       4 KiB  DDR  d1.d1_p
+      0x00002000-0x00004000  ~8.001 KiB  QDR  q.q_p
+  !!  0x00002000-0x000027ff       2 KiB  overlap with DDR d1.d1_p
+  --  0x00004001-0xffffefff      ~4 GiB  gap
+      0xfffff000-0xffffffff       4 KiB  DDR  d0.d0_r/d0_w (wraps)
+)");
+}
+
+TEST_F(Dump, AssignsEveryByteOfHostileValues) {
+    dir.write("board_spec.xml", hostile_board());
+    dir.write("eval", R"(text=$($1 --format=sh board_spec.xml) && eval "$text" || exit
+i=0; while [ $i -lt $vemo_num_flows ]; do
+    eval "printf '%s|%s<end>\n' \"\$vemo_flow_${i}_name\" \"\$vemo_flow_${i}_synthesize_cmd\""
+    i=$((i + 1))
+done)");
+    dir.write("makefile", R"(include board.mk
+line = $(file >>lines,$(vemo_flow_$(1)_name)|$(vemo_flow_$(1)_synthesize_cmd)<end>)
+$(foreach i,$(shell seq 0 $$(($(vemo_num_flows) - 1))),$(call line,$i))
+all:;@cat lines
+)");
+    std::string expected;
+    for (const std::string& value : hostile_values()) {
+        expected += fill("fV|V<end>\n", {{"V", value}});
+    }
+    for (const char* command : {"dash eval $dump", "LC_ALL=C.UTF-8 bash eval $dump",
+                                "$dump --format=make board_spec.xml >board.mk; make"}) {
+        EXPECT_EQ(run(command), 0) << command;
+        EXPECT_EQ(dir.read("out"), expected) << command << dir.read("err");
+    }
+    EXPECT_FALSE(vemo::FilePath::exists(dir / "hit"));
+}
+
+TEST_F(Dump, IsCleanWhateverFilesContain) {
+    dir.write("board_spec.xml", edit(hostile_board(), "\"100.5\"", "\"inf\""));
+    const auto whole = json();
+    EXPECT_EQ(fields(whole["answers"]["synthesize_cmd"], whole["flows"][8]["synthesize_cmd"],
+                     whole["board"]["global_mem"][0]["max_bandwidth"]),
+              "\"\xef\xbf\xbd\"|\"a\\r\\nb\\n\"|null|");
+    EXPECT_EQ(vemo::dump::text_dump(load().sources()).find_first_of("\x1b\r\x7f"),
+              std::string::npos);
+}
+
+TEST_F(Dump, TellsModelsInJson) {
+    // Every field has a value of its own.
+    const auto whole = json();
+    EXPECT_EQ(whole["answers"].size(), 22u);
+    const std::pair<const char*, const char*> parts[] = {
+        {"/flows/1",
+         R"({"automigrate_exclude":"","automigrate_include":"","automigrate_type":"pb_net",)"
+         R"("generate_cmd":"gen2","generic_kernel":"0","lomb_file":"sys2.lomb","name":"alpha",)"
+         R"("project":"top2","revision":"rev2","synthesize_cmd":"syn2"})"},
+        {"/board/compile/0/generate", R"({"additional_args":true,"cmd":"gen1"})"},
+        {"/board/interfaces/interface/0",
+         R"({"addpipe":9,"address":43776,"bsp_vnmm_write_ack":true,"chan_id":"cid","clock":"ck",)"
+         R"("enable":"en","latency":99,"latency_type":"fixed","maxburst":8,"misc":7,"name":"ctl",)"
+         R"("port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
+         R"("hazard_free_attributes":true,"name":"ctl_p"}],"sampling_rate":2.5,"size":8192,)"
+         R"("type":"master","waitrequest":5,"waitrequest_allowance":6,"width":34})"},
+        {"/board/interfaces/interface/1/size", "null"},
+        {"/board/global_mem/0/interface/0/port/1/attribute", R"([{"encoding":7,"name":"burst"}])"},
+        {"/board/global_mem/0/type", R"("shared physical")"},
+        {"/device_model/fmax", R"({"expected":240.5,"high":180.0,"min":150.0})"},
+        {"/target_model/family", R"("peltrab")"},
+    };
+    for (const auto& [path, expected] : parts) {
+        EXPECT_EQ(whole.at(nlohmann::json::json_pointer(path)).dump(), expected);
+    }
+    dir.write("board_spec.xml",
+              edit(BOARD_14, "<compile", R"(<compile project="p" revision="r" lomb_file="l"
+                                             generic_kernel="1"/><compile)"));
+    dir.write("tm.xml", edit(TARGET_MODEL, "<global_interconnect>...</global_interconnect>", ""));
+    const auto other = json();
+    EXPECT_EQ(fields(other["flows"].size(), other["flows"][0]["project"],
+                     other["board"]["compile_names"], other["target_model"]["global_interconnect"]),
+              R"(1|"top1"|["default","default"]|null|)");
+}
+
+TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
+    dir.write("board_spec.xml", edit(BOARD, "\"0x2000\"", "\"0x1800\""));
+    const std::pair<const char*, std::string> cases[] = {
+        {"$dump none.xml", "XML error: XML_ERROR_FILE_NOT_FOUND"},
+        {"$dump board_spec.xml",
+         "Error in 'board_spec.xml':\nGlobal memory regions overlap.\nError: Failed to load xml "
+         "file: board_spec.xml\nMake sure the Board Package is compatible"},
+        {"$dump --allow-overlap board_spec.xml >/dev/full",
+         "vemo-boardspec-dump: cannot write to standard output: "},
+        {"$dump", "Error: "},
+        {"$dump --format=xml board_spec.xml", "Error: "},
+    };
+    for (const auto& [command, error] : cases) {
+        EXPECT_EQ(run(command), 1) << command;
+        EXPECT_EQ(dir.read("out"), "") << command;
+        EXPECT_EQ(dir.read("err").substr(0, error.size()), error) << command;
+    }
+    EXPECT_EQ(run("$dump --allow-overlap board_spec.xml"), 0);
+    EXPECT_NE(dir.read("out").find("not a valid board"), std::string::npos);
+}
