@@ -21,6 +21,10 @@ install(TARGETS vemo-boardspec vemo-boardspec-lib
     EXPORT vemo-boardspec-targets
     FILE_SET HEADERS DESTINATION "${vemo_include_dir}")
 
+if(VEMO_BUILD_DUMP)
+    install(TARGETS vemo-boardspec-dump)
+endif()
+
 # The CMake package.
 install(EXPORT vemo-boardspec-targets NAMESPACE vemo:: DESTINATION "${vemo_package_dir}")
 write_basic_package_version_file(vemo-boardspec-config-version.cmake COMPATIBILITY SameMajorVersion)
@@ -39,7 +43,8 @@ vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
 install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}")
 
 # The manual.
-vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1" man/vemo-boardspec.1)
+vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1"
+    man/vemo-boardspec.1 man/vemo-boardspec-dump.1 man/vemo-boardspec-lint.1)
 vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man5"
     man/vemo-board-spec.5 man/vemo-device-model.5 man/vemo-target-model.5)
 
