@@ -21,6 +21,7 @@ install(TARGETS vemo-boardspec vemo-boardspec-lib
     EXPORT vemo-boardspec-targets
     FILE_SET HEADERS DESTINATION "${vemo_include_dir}")
 
+vemo_install_text(PROGRAMS "${CMAKE_INSTALL_BINDIR}" programs/vemo-boardspec-lint)
 if(VEMO_BUILD_DUMP)
     install(TARGETS vemo-boardspec-dump)
 endif()
