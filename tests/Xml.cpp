@@ -75,7 +75,7 @@ static std::string expand_outcome(const std::string& outcome) {
     }
     std::string texts;
     for (const std::string& report : split(outcome, " + ")) {
-        const int line = std::atoi(report.c_str());
+        const int line = std::stoi(report);
         texts += at(line, line == 0 ? report : report.substr(report.find(": ") + 2));
     }
     return texts;
