@@ -80,6 +80,18 @@ TEST(BoardSpecXml, ChecksSections) {
 )");
 }
 
+TEST(BoardSpecXml, RefusesFlowsOfOldBoards) {
+    BoardSpec spec;
+    spec.set_compile_config(new CompileConfig, "made elsewhere");
+    BoardSpecXmlLoader loader(false, false);
+    const std::unique_ptr<tinyxml2::XMLDocument> doc(loader.parse_xml(BOARD_09.c_str()));
+    xml::BoardVisitor visitor(&spec, &loader, false, false);
+    EXPECT_FALSE(doc->Accept(&visitor));
+    EXPECT_EQ(
+        loader.get_error(0),
+        at(0, "Unexpected compile configuration (<compile>) found in 0.9 board specification."));
+}
+
 TEST(BoardSpecXml, ChecksDeviceAndHost) {
     expect_loads(BOARD, R"(
 <device  => <device\nx="" y="" => 3: Unexpected attribute 'x'. + 3: Unexpected attribute 'y'.
