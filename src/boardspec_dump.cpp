@@ -16,6 +16,7 @@
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage.h"
+#include "Version.h"
 
 namespace {
 
@@ -88,7 +89,7 @@ void declare(CLI::App& app, Options& options) {
     app.description("Prints everything about an FPGA accelerator board package.");
     app.footer(FORMAT_HELP);
     app.set_help_flag("-h,--help", "Print this help and exit");
-    app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_VERSION,
+    app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_BOARDSPEC_VERSION,
                          "Print the version and exit");
     app.add_option("--format", options.format, "text (the default), json, sh or make")
         ->option_text("FORMAT")
