@@ -380,7 +380,8 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
            || (report && report_attr_type_error(elem, found.name, ""));
 }
 
-// The types of attribute that there are.
+// The types of attribute that there are. (A type cannot stand in parentheses.)
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define VEMO_INSTANTIATE_QUERY_ATTRIBUTE(T)                                                        \
     template bool BaseVisitor::query_attribute(const XMLElement&, const char*, T*, bool, bool);    \
     template bool BaseVisitor::query_attribute(const XMLElement&, const FoundAttribute&, T*, bool, \
@@ -395,6 +396,7 @@ VEMO_INSTANTIATE_QUERY_ATTRIBUTE(bool);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned_hex);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned64_hex);
 #undef VEMO_INSTANTIATE_QUERY_ATTRIBUTE
+// NOLINTEND(bugprone-macro-parentheses)
 
 bool BaseVisitor::walk_with(const XMLElement& elem, BaseVisitor* child) {
     if (!elem.Accept(child)) {
