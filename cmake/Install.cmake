@@ -17,14 +17,16 @@ function(vemo_install_text kind destination)
 endfunction()
 
 # The programs, and the library with its headers.
-install(TARGETS vemo-boardspec vemo-boardspec-lib
+set(vemo_programs vemo-boardspec)
+if(VEMO_BUILD_DUMP)
+    list(APPEND vemo_programs vemo-boardspec-dump)
+endif()
+install(TARGETS ${vemo_programs} vemo-boardspec-lib
     EXPORT vemo-boardspec-targets
     FILE_SET HEADERS DESTINATION "${vemo_include_dir}")
 
 vemo_install_text(PROGRAMS "${CMAKE_INSTALL_BINDIR}" programs/vemo-boardspec-lint)
-if(VEMO_BUILD_DUMP)
-    install(TARGETS vemo-boardspec-dump)
-endif()
+list(APPEND vemo_programs vemo-boardspec-lint)
 
 # The CMake package.
 install(EXPORT vemo-boardspec-targets NAMESPACE vemo:: DESTINATION "${vemo_package_dir}")
@@ -43,19 +45,17 @@ vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
 # The schemas, with the catalogue that editors look them up in.
 install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}")
 
-# The manual.
-vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1"
-    man/vemo-boardspec.1 man/vemo-boardspec-dump.1 man/vemo-boardspec-lint.1)
-vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man5"
-    man/vemo-board-spec.5 man/vemo-device-model.5 man/vemo-target-model.5)
-
-# Completion. Bash and fish look for a file with the name of the command, zsh reads them all.
+# The manual, and completion: bash and fish look for a file with the name of the program, zsh knows
+# from the file itself.
 set(VEMO_ZSH_COMPLETION_DIR "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
     "Where zsh finds completion functions")
-foreach(program vemo-boardspec vemo-boardspec-lint vemo-boardspec-dump)
+foreach(program IN LISTS vemo_programs)
+    vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1" man/${program}.1)
     install(FILES completions/vemo-boardspec.bash RENAME ${program}
         DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
     install(FILES completions/vemo-boardspec.fish RENAME ${program}.fish
         DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
 endforeach()
+vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man5"
+    man/vemo-board-spec.5 man/vemo-device-model.5 man/vemo-target-model.5)
 install(FILES completions/_vemo-boardspec DESTINATION "${VEMO_ZSH_COMPLETION_DIR}")

@@ -25,6 +25,9 @@ namespace {
 
 constexpr char FLOW_SEPARATOR = ':';
 
+// The models live until the process ends. Here a leak checker sees that they are not lost.
+vemo::AnswerSources* all_sources = nullptr;
+
 void write_output(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 /// Ends the output. False when some of it could not be written, which standard error is told.
@@ -73,7 +76,8 @@ int run(int argc, char** argv) {
     const char* board_path = argv[1];
     std::string command = argv[2];
 
-    vemo::AnswerSources sources;
+    all_sources = new vemo::AnswerSources;
+    vemo::AnswerSources& sources = *all_sources;
     const BoardSpec* bspec = parse_boardspec(board_path);
     VEMO_ASSERT(bspec);
     sources.spec = bspec;

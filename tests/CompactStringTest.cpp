@@ -5,7 +5,7 @@
 using vemo::CompactString;
 
 TEST(CompactString, HoldsTextsOfAnyLength) {
-    for (const std::size_t length : {0u, 1u, 15u, 16u, 17u, 40u}) {
+    for (const unsigned length : {0u, 1u, 15u, 16u, 17u, 40u}) {
         const std::string text(length, 'x');
         const CompactString string(text);
         CompactString copy;

@@ -75,7 +75,7 @@ static std::string expand_outcome(const std::string& outcome) {
     }
     std::string texts;
     for (const std::string& report : split(outcome, " + ")) {
-        const int line = std::atoi(report.c_str());
+        const int line = static_cast<int>(std::strtol(report.c_str(), nullptr, 10));
         texts += at(line, line == 0 ? report : report.substr(report.find(": ") + 2));
     }
     return texts;

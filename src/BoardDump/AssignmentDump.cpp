@@ -24,25 +24,7 @@ void for_each_variable(const AnswerSources& sources, Assign assign) {
     }
 }
 
-}  // namespace
-
-std::string shell_dump(const AnswerSources& sources) {
-    std::string text;
-    for_each_variable(sources, [&text](const std::string& name, const std::string& value) {
-        text += name + "=" + shell_quoted(value) + "\n";
-    });
-    return text;
-}
-
-std::string make_dump(const AnswerSources& sources) {
-    // The two empty lines between define and endef are one newline.
-    std::string text = "vemo_empty :=\ndefine vemo_newline\n\n\nendef\n";
-    for_each_variable(sources, [&text](const std::string& name, const std::string& value) {
-        text += name + " := " + make_quoted(value) + "\n";
-    });
-    return text;
-}
-
+/// A shell word that stands for exactly `value`.
 std::string shell_quoted(const std::string& value) {
     std::string word = "'";
     for (const char c : value) {
@@ -55,6 +37,7 @@ std::string shell_quoted(const std::string& value) {
     return word + "'";
 }
 
+/// The right-hand side of := that gives a variable of make exactly `value`.
 std::string make_quoted(const std::string& value) {
     constexpr const char* EMPTY = "$(vemo_empty)";
     constexpr const char* BLANKS = " \t\v\f\r";
@@ -85,6 +68,25 @@ std::string make_quoted(const std::string& value) {
         && std::string(BLANKS).append("\\").find(value.back()) != std::string::npos) {
         text += EMPTY;
     }
+    return text;
+}
+
+}  // namespace
+
+std::string shell_dump(const AnswerSources& sources) {
+    std::string text;
+    for_each_variable(sources, [&text](const std::string& name, const std::string& value) {
+        text += name + "=" + shell_quoted(value) + "\n";
+    });
+    return text;
+}
+
+std::string make_dump(const AnswerSources& sources) {
+    // The two empty lines between define and endef are one newline.
+    std::string text = "vemo_empty :=\ndefine vemo_newline\n\n\nendef\n";
+    for_each_variable(sources, [&text](const std::string& name, const std::string& value) {
+        text += name + " := " + make_quoted(value) + "\n";
+    });
     return text;
 }
 

@@ -17,11 +17,4 @@ std::string shell_dump(const AnswerSources& sources);
 /// For the include of a GNU makefile. Defines vemo_empty and vemo_newline, too.
 std::string make_dump(const AnswerSources& sources);
 
-/// A shell word that stands for exactly `value`.
-std::string shell_quoted(const std::string& value);
-
-/// The right-hand side of := that gives a variable of make exactly `value`, with the help of
-/// vemo_empty and vemo_newline.
-std::string make_quoted(const std::string& value);
-
 }  // namespace vemo::dump

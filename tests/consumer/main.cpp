@@ -1,7 +1,6 @@
 #include <iostream>
-#include <memory>
 
-#include "AnswerTable.h"
+#include "BoardPackage.h"
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
@@ -10,9 +9,6 @@
 
 // Prints the name of the board whose file is named. (The includes reach every installed header.)
 int main(int, char** argv) {
-    vemo::board::BoardSpecXmlLoader loader(false, false);
-    const std::unique_ptr<vemo::board::BoardSpec> spec(loader.load_file(argv[1]));
-    vemo::AnswerSources sources;
-    sources.spec = spec.get();
-    std::cout << vemo::find_answer("name", sources).value();
+    const vemo::BoardPackage package(argv[1], false);
+    std::cout << vemo::find_answer("name", package.sources()).value();
 }
