@@ -76,7 +76,7 @@ TEST(BoardSpecXml, ChecksSections) {
     expect_outcomes<BoardSpecXmlLoader>(BOARD, "\"0x2000\" => \"0x1800\" => loaded", false, true);
     expect_loads(BOARD_14, R"(
 14.1 => 14.1x ||  15 || 16.9 || 17.0 || 1e2 || nan => loaded
-14.1 => 1.0 || 14.0 || 14.09 || 0.91 || 0 || x => 1: Unsupported version string.
+ version="14.1" => \nversion="1.0" || \nversion="14.0" || \nversion="14.09" || \nversion="0.91" || \nversion="x" => 2: Unsupported version string.
 )");
 }
 
@@ -155,9 +155,9 @@ TEST(BoardSpecXml, ChecksGlobalMemories) {
     expect_loads(BOARD, R"(
  name="DDR" => \ndefault="1" name="DDR" => 6: Unexpected attribute 'default'.
  max_bandwidth="0" =>  => 10: Expected attribute 'max_bandwidth' on element 'global_mem'. + 10: All global memories must have a name when there are more than 1 global memories.
-"100.5" => "-1" => 5: Max global memory bandwidth must be non-negative.
+ max_bandwidth="100.5" => \nmax_bandwidth="-1" => 6: Max global memory bandwidth must be non-negative.
 shared physical => shared virtual || device private => loaded
-shared physical => Shared Physical => 5: Unrecognized type 'Shared Physical'.
+ type="shared physical" => \ntype="Shared Physical" => 6: Unrecognized type 'Shared Physical'.
  name="QDR" =>  => 10: All global memories must have a name when there are more than 1 global memories.
 <interface name="q"...size="0x800"/> => <interface/> => 11: Expected attribute 'name' on element 'interface'.
 <interface name="q"...size="0x800"/> => <interface name=""/> => 11: Expected attribute 'type' on element 'interface'.
@@ -192,13 +192,13 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
 "eth_in"/> => "eth_in"><port name="p" direction="r"/></interface> => 14: Unexpected element 'port'.
 )");
     expect_loads(BOARD, fill(R"(
-"master" => "Slave" => 17: Unrecognized Varnel interface type 'Slave'.
-"34" => "0" => 17: Data width must be > 0.
-"8" => "0" => 17: Max burst count must be > 0.
-"0x100002000" => \n"0" => 17: Interface size must be > 0.
-"fixed" => "Fixed" => 17: Unrecognized latency type in Varnel interface 'Fixed'.
+ type="master" => \ntype="Slave" => 18: Unrecognized Varnel interface type 'Slave'.
+ width="34" => \nwidth="0" => 18: Data width must be > 0.
+ maxburst="8" => \nmaxburst="0" => 18: Max burst count must be > 0.
+ size="0x100002000" => \nsize="0" => 18: Interface size must be > 0.
+ latency_type="fixed" => \nlatency_type="Fixed" => 18: Unrecognized latency type in Varnel interface 'Fixed'.
 "fixed" => "average" => loaded
-"2.5" => "0" || "-1" => 17: Interface sampling rate must be > 0.
+ sampling_rate="2.5" => \nsampling_rate="0" || \nsampling_rate="-1" => 18: Interface sampling rate must be > 0.
  name="done" port => \nport => 18: Expected attribute 'name' on element 'interface'. + 19: NO_PORT
  name="done" port="irq_p" =>  => 18: Expected attribute 'name' on element 'interface'. + 18: NO_PORT
 "irq"/> => "irq"><attribute/></interface> => 18: Unexpected element 'attribute'.
@@ -207,8 +207,8 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
  direction="w" => \ndirection="write" => 9: Unrecognized direction in interface port 'write'.
  direction="w" =>  direction="rw" => loaded
 "false" attribute_width => "0" attribute_width => loaded
-"false" attribute_width => "no" attribute_width => 8: hazard_free_attributes should be a boolean (true or false).
-"false" attribute_width => "1" attribute_width || "true" attribute_width => 8: Cannot specify additional attributes without specifying hazard_free_attributes=false
+ hazard_free_attributes="false" => \nhazard_free_attributes="no" => 9: hazard_free_attributes should be a boolean (true or false).
+"false" attribute_width => "1"\nattribute_width || "true"\nattribute_width => 9: Cannot specify additional attributes without specifying hazard_free_attributes=false
 "7" => "8" => silent
 "3"> => "32"> => silent
 "r"/> => "r"><attribute/></port> => loaded

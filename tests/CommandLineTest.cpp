@@ -107,6 +107,7 @@ TEST_F(CommandLine, ReportsFilesThatFail) {
 $TOOL none.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nXML error: XML_ERROR_FILE_NOT_FOUND\n{none.xml}[0]
 echo "<a></b>" >bad.xml; $TOOL bad.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_MISMATCHED_ELEMENT\nXML error: XML_ERROR_MISMATCHED_ELEMENT\n{bad.xml}[0]
 $TOOL bad.xml name >/dev/null => [1]
+mkfifo pipe; timeout 9 $TOOL pipe name >/dev/null => [1]
 echo "<x/>" >bad.xml; $TOOL bad.xml name => Error in 'bad.xml', line 1\nUnexpected element 'x'.\n{bad.xml}[1]
 $TOOL silent.xml name => {silent.xml}[1]
 $TOOL size.xml name => [134]

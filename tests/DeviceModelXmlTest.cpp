@@ -22,15 +22,15 @@ TEST(DeviceModelXml, ReadsEveryField) {
 
 TEST(DeviceModelXml, ReportsErrors) {
     expect_outcomes<DeviceModelXmlLoader>(DEVICE_MODEL, R"(
-"0.9" => "0.90" => 1: Unsupported version string.
-"tm.xml" => \n"" => 1: A target model file must be specified.
+ version="0.9" => \nversion="0.90" => 2: Unsupported version string.
+ target_model="tm.xml" => \ntarget_model="" => 2: A target model file must be specified.
 <fmax...</device_model> => </device_model> => 1: Expected element <device_model> to appear exactly once.
  high="180" => \nzz="" => 3: Unexpected attribute 'zz'.
 <alms => <fmax x="" y=""/><alms => 4: Unexpected element 'fmax'. + 4: Unexpected attribute 'x'. + 4: Unexpected attribute 'y'.
-"240.5" min="150" => "-5" min="-5" => 2: Expected fmax must be positive.
+ expected="240.5" min="150" => \nexpected="-5" min="-5" => 3: Expected fmax must be positive.
 "240.5" => "nan" => 2: Expected fmax must be positive.
-"150" high="180" => "0" high="0" => 2: Minimum fmax must be positive.
-"180" => "0" => 2: High fmax threshold must be positive.
+ min="150" high="180" => \nmin="0" high="0" => 3: Minimum fmax must be positive.
+ high="180" => \nhigh="0" => 3: High fmax threshold must be positive.
 <resources>...</resources> =>  => Missing resources (<resources>) in device model.
 <alms => <mlabs num="1"/><alms => 4: Unexpected element 'mlabs'.
 <device_model...</device_model> => <!-- nothing to check --> => loaded

@@ -10,6 +10,11 @@ TEST(TargetModel, StartsEmpty) {
               "Local memory model: <null>\nLocal memory fmax degradation model: <null>");
 }
 
+TEST(TargetModel, StartsWithZeros) {
+    const std::string dumps = dump(LocalMemModel()) + dump(DelayModel()) + dump(FamilyModel());
+    EXPECT_EQ(split(dumps, ": 0\n").size() - 1, 12u);  // and one at the end of the delays
+}
+
 TEST(TargetModel, NamesFamilies) {
     // Key in the file, value, name for display, key in the dump.
     const std::tuple<const char*, int, const char*, const char*> families[] = {

@@ -36,9 +36,9 @@ TEST(TargetModelXml, ReadsEveryField) {
 
 TEST(TargetModelXml, ReportsErrors) {
     expect_outcomes<TargetModelXmlLoader>(TARGET_MODEL, R"(
-"0.9" => "1.0" => 1: Unsupported version string.
-peltrab => PELTRAB => 1: Unrecognized family option (PELTRAB).
-"style_a.xml" => \n"" => 2: Target Style Model file is empty.
+ version="0.9" => \nversion="1.0" => 2: Unsupported version string.
+ family="peltrab" => \nfamily="PELTRAB" => 2: Unrecognized family option (PELTRAB).
+ file="style_a.xml" => \nfile="" => 3: Target Style Model file is empty.
 <style_model...style_b.xml"/> =>  => At least one Target Style Model file (<style_model>) must be given.
 <local_mem>...</delay_model> =>  => Missing local memory model (<local_mem>) in target model.
 <global_interconnect>...</global_interconnect> =>  => loaded
@@ -55,7 +55,7 @@ peltrab => PELTRAB => 1: Unrecognized family option (PELTRAB).
 /// TARGET_MODEL with another value of a constant.
 static std::string with(const std::string& constant, const std::string& value) {
     return edit(TARGET_MODEL, "<" + constant + " ...\"/>",
-                "<" + constant + " value=\"" + value + "\"/>");
+                "<" + constant + "\nvalue=\"" + value + "\"/>");
 }
 
 static const auto FLOATS = split(
@@ -66,8 +66,9 @@ static const auto FLOATS = split(
 
 TEST(TargetModelXml, ChecksRanges) {
     const auto expect_refused = [](const std::string& name, const char* value, const char* range) {
-        const std::string outcome = load_outcome<TargetModelXmlLoader>(with(name, value), false);
-        EXPECT_EQ(split(outcome, "\n").at(1), "<" + name + "> must be " + range + ".");
+        const auto above = split(TARGET_MODEL.substr(0, TARGET_MODEL.find("<" + name + " ")), "\n");
+        EXPECT_EQ(load_outcome<TargetModelXmlLoader>(with(name, value), false),
+                  at(static_cast<int>(above.size()) + 1, "<" + name + "> must be " + range + "."));
     };
     for (const std::string& name : FLOATS) {
         expect_refused(name, "-0.1", "non-negative");

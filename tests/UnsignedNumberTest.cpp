@@ -32,6 +32,7 @@ TEST(UnsignedNumber, StoresLeadingDigits) {
     EXPECT_FALSE(convert_to_unsigned("x1", &number, 10));
     EXPECT_FALSE(convert_to_unsigned64("12x", &number64, 16));
     EXPECT_EQ(fields(number, number64), "7|18|");
+    EXPECT_TRUE(convert_to_unsigned("0x11", &number, 0) && number == 17);
 }
 
 TEST(UnsignedNumber, ReadsStreamsOfWords) {
