@@ -108,17 +108,6 @@ TEST(BaseVisitor, ErrorEndsTheWalk) {
                  || root.Visit(*doc.NewUnknown("")));
 }
 
-TEST(BaseVisitor, WorksWithoutCallbacks) {
-    Probe probe(nullptr, Probe::walk_on, true);
-    tinyxml2::XMLDocument doc;
-    doc.Parse("<?xml version='1.0'?><!DOCTYPE a><a/>");
-    EXPECT_TRUE(doc.Accept(&probe) && probe.report_warning("w") && !probe.m_has_error);
-    EXPECT_FALSE(probe.report_error("e"));
-    EXPECT_TRUE(std::exchange(probe.m_has_error, false));
-    EXPECT_FALSE(probe.report_error(*doc.RootElement(), "e"));
-    EXPECT_TRUE(probe.m_has_error);
-}
-
 TEST(BaseVisitor, CountsPathsOfNames) {
     Probe p(nullptr);
     tinyxml2::XMLDocument doc;

@@ -71,10 +71,7 @@ TEST(BaseXmlLoader, EchoesAndTracesWhenDebugging) {
 
 TEST(BaseXmlLoaderDeathTest, ArgumentsAreGuarded) {
     expect_aborts({
-        {"filename != __null", [] { BaseXmlLoader().parse_file(nullptr); }},
-        {"xml != __null", [] { BaseXmlLoader().parse_xml(nullptr); }},
         {"index < m_errors.size()", [] { BaseXmlLoader().get_error(0); }},
         {"index < m_warnings.size()", [] { BaseXmlLoader().get_warning(0); }},
-        {"doc != __null", [] { BaseXmlLoader::doc_to_string(nullptr); }},
     });
 }

@@ -31,7 +31,6 @@ TEST(DeviceModelDeathTest, InvariantsAreGuarded) {
         {"expected_fmax > 0.0f", [&] { dm.set_expected_fmax(NAN); }},
         {"min_fmax > 0.0f", [&] { dm.set_min_fmax(0.0f); }},
         {"high_fmax > 0.0f", [&] { dm.set_high_fmax(0.0f); }},
-        {"resources != __null", [&] { dm.set_resources(nullptr); }},
         {"m_resources != __null", [&] { dm.get_resources(); }},
         {"m_resources != __null", [&] { dump(dm); }},
     });

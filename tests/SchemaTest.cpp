@@ -1,19 +1,7 @@
 // What holds for every element and attribute of the three file formats.
 
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
-#include "BoardSpecXml/AttributeVisitor.h"
-#include "BoardSpecXml/ChannelsVisitor.h"
-#include "BoardSpecXml/CompileVisitor.h"
-#include "BoardSpecXml/DeviceVisitor.h"
-#include "BoardSpecXml/HostVisitor.h"
-#include "BoardSpecXml/InterfacesVisitor.h"
-#include "BoardSpecXml/PortVisitor.h"
 #include "DeviceModelXmlLoader.h"
-#include "TargetModelXml/DelayModelVisitor.h"
-#include "TargetModelXml/FamilyModelVisitor.h"
-#include "TargetModelXml/GlobalInterconnectVisitor.h"
-#include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
-#include "TargetModelXml/LocalMemVisitor.h"
 #include "TargetModelXmlLoader.h"
 #include "Xml.h"
 
@@ -164,22 +152,4 @@ TEST(Schema, ChecksAttributes) {
         }
         return "loaded";
     });
-}
-
-template <typename... Visitors>
-static void expect_to_need(const std::string& model) {
-    vemo::xml::BaseVisitor parent(nullptr, false);
-    (expect_aborts({{model + " != __null", [&] { Visitors(&parent, nullptr); }}}), ...);
-}
-
-TEST(SchemaDeathTest, VisitorsNeedTheirModel) {
-    using namespace vemo::board::xml;
-    using namespace vemo::tmodel::xml;
-    expect_to_need<ChannelsVisitor, CompileVisitor, DeviceVisitor, HostVisitor, InterfacesVisitor>(
-        "spec");
-    expect_to_need<PortVisitor>("intf");
-    expect_to_need<AttributeVisitor>("port");
-    expect_to_need<DelayModelVisitor, FamilyModelVisitor, GlobalInterconnectVisitor,
-                   LocalMemVisitor>("tm");
-    expect_to_need<LocalMemFmaxDegradationVisitor>("local_mem_model");
 }

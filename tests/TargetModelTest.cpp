@@ -48,11 +48,6 @@ TEST(TargetModelDeathTest, PartsMustBeThere) {
     expect_missing(std::as_const(tm), std::as_const(mem));
     expect_aborts({
         {"false && \"Could not find string for family enum\"", [&] { tm.get_family_str(); }},
-        {"local_mem_model != __null", [&] { tm.set_local_mem_model(nullptr); }},
-        {"global_interconnect_model != __null", [&] { tm.set_global_interconnect_model(nullptr); }},
-        {"delay_model != __null", [&] { tm.set_delay_model(nullptr); }},
-        {"family_model != __null", [&] { tm.set_family_model(nullptr); }},
-        {"fmax_degradation_model != __null", [&] { mem.set_fmax_degradation_model(nullptr); }},
     });
 }
 
