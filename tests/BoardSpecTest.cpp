@@ -148,7 +148,6 @@ TEST(BoardSpecDeathTest, PartsMustBeThere) {
     expect_missing(spec, device, interfaces);
     expect_missing(std::as_const(spec), std::as_const(device), std::as_const(interfaces));
     expect_aborts({
-        {"!m_global_mem_configs.empty()", [&] { spec.is_default_global_mem(""); }},
         {"i < m_interfaces.size()", [&] { interfaces.get_intf(0); }},
         {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_max_burst_count(); }},
         {"port < m_port.size()", [&] { Interface().get_port_name(0); }},
