@@ -11,9 +11,9 @@ using board::CompileConfig;
 using board::Interface;
 
 /// The answer that is a field of the chosen compile flow.
-template <std::string CompileConfig::*Field>
+template <CompactString CompileConfig::*Field>
 std::string flow_text(const AnswerSources& sources) {
-    return sources.flow->*Field;
+    return (sources.flow->*Field).c_str();
 }
 
 std::string flag_text(bool flag) { return flag ? "1" : "0"; }

@@ -77,30 +77,6 @@ bool BaseVisitor::VisitExit(const XMLDocument&) {
     return !m_has_error;
 }
 
-bool BaseVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute*) {
-    if (m_has_error) {
-        return false;
-    }
-    m_elem_stack.push(elem.Value());
-    if (m_debug) {
-        trace("entering");
-    }
-    return !m_has_error;
-}
-
-bool BaseVisitor::VisitExit(const XMLElement& elem) {
-    if (m_has_error) {
-        return false;
-    }
-    VEMO_ASSERT(m_elem_stack.size() > 0);  // NOLINT(readability-container-size-empty): its text
-    VEMO_ASSERT(m_elem_stack.back() == elem.Value());
-    if (m_debug) {
-        trace("exiting");
-    }
-    m_elem_stack.pop();
-    return !m_has_error;
-}
-
 void BaseVisitor::trace(const char* action) const {
     debug(std::string("[xml] ") + action + " " + get_elem_stack_key() + "\n");
 }
@@ -302,13 +278,19 @@ bool BaseVisitor::report_missing_attr(const XMLElement& elem, const std::string&
 bool BaseVisitor::report_missing_attrs(const XMLElement& elem,
                                        std::initializer_list<const char*> names) {
     // Where they stand in the order of the names, as they mostly do, one pass finds them all.
-    const XMLAttribute* next = elem.FirstAttribute();
+    const XMLAttribute* last_found = nullptr;
     for (const char* name : names) {
-        if (next != nullptr && equal(next->Name(), name)) {
-            next = next->Next();
-        } else if (!attribute_exists(elem, name)) {
+        const XMLAttribute* attribute = last_found == nullptr ? nullptr : last_found->Next();
+        while (attribute != nullptr && !equal(attribute->Name(), name)) {
+            attribute = attribute->Next();
+        }
+        if (attribute == nullptr) {
+            attribute = find_attribute(elem, name);
+        }
+        if (attribute == nullptr) {
             return report_missing_attr(elem, name, "");
         }
+        last_found = attribute;
     }
     return true;
 }

@@ -12,6 +12,7 @@
 
 #include <tinyxml2.h>
 
+#include "Assert.h"
 #include "CompactString.h"
 #include "ElementStack.h"
 #include "UnsignedNumber.h"
@@ -49,8 +50,33 @@ public:
 
     bool VisitEnter(const XMLDocument& doc) override;
     bool VisitExit(const XMLDocument& doc) override;
-    bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
-    bool VisitExit(const XMLElement& elem) override;
+
+    // Every visitor of a walk calls these two for every element.
+
+    bool VisitEnter(const XMLElement& elem, const XMLAttribute*) override {
+        if (m_has_error) {
+            return false;
+        }
+        m_elem_stack.push(elem.Value());
+        if (m_debug) {
+            trace("entering");
+        }
+        return !m_has_error;
+    }
+
+    bool VisitExit(const XMLElement& elem) override {
+        if (m_has_error) {
+            return false;
+        }
+        VEMO_ASSERT(m_elem_stack.size() > 0);  // NOLINT(readability-container-size-empty): its text
+        VEMO_ASSERT(m_elem_stack.back() == elem.Value());
+        if (m_debug) {
+            trace("exiting");
+        }
+        m_elem_stack.pop();
+        return !m_has_error;
+    }
+
     bool Visit(const tinyxml2::XMLDeclaration& declaration) override;
     bool Visit(const tinyxml2::XMLText& text) override;
     bool Visit(const tinyxml2::XMLComment& comment) override;

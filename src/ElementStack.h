@@ -2,29 +2,51 @@
 
 #include <cstdarg>
 #include <cstddef>
+#include <forward_list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace vemo::xml {
 
-/// The open elements of a walk, and how often each path of elements has been entered. Names are
-/// not copied: they must live as long as the stack.
+/// Name of an element. It is not copied: the text must live as long as the name.
+class ElementName : public std::string_view {
+public:
+    ElementName(const char* name)  // NOLINT(google-explicit-constructor)
+        : std::string_view(name) {}
+};
+
+/// An element is left with the very text that it was entered with, which need not be read again.
+inline bool operator==(ElementName a, const char* b) {
+    return a.data() == b || std::string_view(a) == b;
+}
+
+/// The open elements of a walk, and how often each path of elements has been entered.
 class ElementStack {
 public:
-    ElementStack();
+    ElementStack() = default;
+    ElementStack(const ElementStack&) = delete;
+    ElementStack& operator=(const ElementStack&) = delete;
 
     /// Enters an element: opens it and counts its path.
-    void push(std::string_view name);
+    void push(ElementName name) {
+        Path* path = m_current->find(name);
+        m_current = path == nullptr ? add_path(name) : path;
+        m_current->name = name;
+        ++m_current->count;
+        ++m_size;
+    }
 
     /// Leaves the innermost element; there must be one.
-    void pop();
+    void pop() {
+        m_current = m_current->parent;
+        --m_size;
+    }
 
     /// Number of open elements.
     std::size_t size() const { return m_size; }
 
     /// Name of the innermost open element; empty when none is open.
-    std::string_view back() const { return m_paths[m_current].name; }
+    ElementName back() const { return m_current->name; }
 
     /// Whether the outermost `n` open elements, of which there must be that many, have the given
     /// names (each a const char*, not null), outermost first.
@@ -34,27 +56,39 @@ public:
     std::string key() const;
 
     /// How often the path of the open elements has been entered.
-    unsigned& count() { return m_paths[m_current].count; }
+    unsigned& count() { return m_current->count; }
 
     /// How often the path of the given names has been entered.
     unsigned count_of(unsigned n, std::va_list names) const;
 
 private:
-    /// A path: the one above it, the last name, and how often it has been entered.
+    /// A path of names, and how often it has been entered. A schema has few, and an element outside
+    /// it ends the walk, so those below a path are a list. The newest stands first.
     struct Path {
-        std::size_t parent;
-        std::string_view name;
-        unsigned count;
+        Path* parent = nullptr;
+        ElementName name = "";  // as it was written last
+        unsigned count = 0;
+        Path* first_child = nullptr;
+        Path* next_sibling = nullptr;
+
+        /// The path one `child_name` longer; null when it has not been entered.
+        Path* find(std::string_view child_name) const {
+            Path* child = first_child;
+            while (child != nullptr && std::string_view(child->name) != child_name) {
+                child = child->next_sibling;
+            }
+            return child;
+        }
     };
 
-    /// Index of the path `parent`/`name`, or the number of paths when it has not been entered.
-    std::size_t find(std::size_t parent, std::string_view name) const;
+    Path* add_path(ElementName name);
 
     /// Name of an open element by its depth, 0 being the outermost.
-    std::string_view name_at(std::size_t depth) const;
+    ElementName name_at(std::size_t depth) const;
 
-    std::vector<Path> m_paths;  // begins with the empty path
-    std::size_t m_current = 0;  // index of the path of the open elements
+    Path m_empty_path;
+    std::forward_list<Path> m_paths;  // all others
+    Path* m_current = &m_empty_path;  // the path of the open elements
     std::size_t m_size = 0;
 };
 

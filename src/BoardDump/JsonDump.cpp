@@ -28,7 +28,7 @@ Json if_given(Number number) {
 
 /// The word for an enumerator; null for a value that is none.
 template <std::size_t N, typename Enumerator>
-Json word(const char* const (&words)[N], Enumerator enumerator) {
+Json word(const std::string_view (&words)[N], Enumerator enumerator) {
     const auto index = static_cast<std::size_t>(enumerator);
     return index < N ? Json(words[index]) : Json(nullptr);
 }
@@ -77,8 +77,8 @@ Json describe_interface(const board::Interface* intf) {
             {"enable", details.enable},
             {"clock", details.clock},
             {"misc", details.misc},
-            {"latency", details.latency},
-            {"latency_type", word(board::xml::LATENCY_TYPE_WORDS, details.latency_type)},
+            {"latency", intf->latency},
+            {"latency_type", word(board::xml::LATENCY_TYPE_WORDS, intf->latency_type)},
             {"waitrequest", details.waitrequest},
             {"waitrequest_allowance", details.waitrequest_allowance},
             {"bsp_vnmm_write_ack", details.bsp_vnmm_write_ack},

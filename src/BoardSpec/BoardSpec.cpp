@@ -1,6 +1,7 @@
 #include "BoardSpec/BoardSpec.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Assert.h"
 #include "JoinedList.h"
@@ -82,7 +83,10 @@ void BoardSpec::set_interface_config(InterfaceConfig* interface_config) {
 void BoardSpec::set_compile_config(CompileConfig* compile_config, const std::string& config_name) {
     VEMO_ASSERT(compile_config != NULL);
     m_compile_config_names.push_back(config_name);
-    replace_owned(m_compile_configs[config_name], compile_config);
+    // Flows are mostly numbered, and then each has its place beside the one set before it.
+    const auto place = m_compile_configs.try_emplace(m_compile_config_hint, config_name, nullptr);
+    replace_owned(place->second, compile_config);
+    m_compile_config_hint = std::next(place);
 }
 
 CompileConfig& BoardSpec::get_compile_config(const std::string& config_name) {

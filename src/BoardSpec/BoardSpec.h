@@ -101,6 +101,7 @@ private:
 
     DeviceConfig* m_device_config = nullptr;                  // owned
     std::map<std::string, CompileConfig*> m_compile_configs;  // owned, by name
+    std::map<std::string, CompileConfig*>::iterator m_compile_config_hint = m_compile_configs.end();
     std::vector<std::string> m_compile_config_names;
     std::vector<GlobalMemConfig*> m_global_mem_configs;  // owned, the default one first
     HostConfig* m_host_config = nullptr;                 // owned

@@ -70,6 +70,8 @@ public:
     CompactString name;
     CompactString chan_id;
     unsigned address = 0;  // in bytes
+    unsigned latency = 240;
+    unsigned latency_type = 0;  // 0 average, 1 fixed
 
 private:
     unsigned m_data_width = 0;

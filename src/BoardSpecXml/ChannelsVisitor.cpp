@@ -18,11 +18,23 @@ bool sort_and_find_duplicate(std::vector<T>& values) {
     return std::adjacent_find(values.begin(), values.end()) != values.end();
 }
 
-bool has_duplicates(std::vector<std::string_view>& texts) {
+bool has_duplicate_ids(Interface* const* begin, Interface* const* end) {
+    // Channels are mostly numbered, and in order: then there is nothing to sort.
+    const auto precedes = [](const Interface* a, const Interface* b) {
+        const std::string_view id_a = a->chan_id;
+        const std::string_view id_b = b->chan_id;
+        return id_a.size() != id_b.size() ? id_a.size() < id_b.size() : id_a < id_b;
+    };
+    if (std::adjacent_find(begin, end, std::not_fn(precedes)) == end) {
+        return false;
+    }
     // Texts with distinct hashes are distinct, and numbers are quicker to sort.
-    std::vector<std::size_t> hashes(texts.size());
-    std::transform(texts.begin(), texts.end(), hashes.begin(), std::hash<std::string_view>());
-    return sort_and_find_duplicate(hashes) && sort_and_find_duplicate(texts);
+    std::vector<std::string_view> ids(static_cast<std::size_t>(end - begin));
+    std::transform(begin, end, ids.begin(),
+                   [](const Interface* intf) -> std::string_view { return intf->chan_id; });
+    std::vector<std::size_t> hashes(ids.size());
+    std::transform(ids.begin(), ids.end(), hashes.begin(), std::hash<std::string_view>());
+    return sort_and_find_duplicate(hashes) && sort_and_find_duplicate(ids);
 }
 
 }  // namespace
@@ -81,19 +93,14 @@ bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
-    std::vector<std::string_view> ids;  // up to the first empty one, which ends the check
     const auto& channels = m_spec->get_channel_config().get_interfaces();
-    ids.reserve(channels.size());
-    for (const Interface* intf : channels) {
-        if (intf->chan_id.empty()) {
-            break;
-        }
-        ids.emplace_back(intf->chan_id);
-    }
-    if (has_duplicates(ids)) {
+    // The first empty identifier ends the check.
+    const auto end = std::find_if(channels.begin(), channels.end(),
+                                  [](const Interface* intf) { return intf->chan_id.empty(); });
+    if (has_duplicate_ids(channels.begin(), end)) {
         return report_error(elem, "Two or more channels share the same channel ID.");
     }
-    if (ids.size() < channels.size()) {
+    if (end != channels.end()) {
         return report_error(elem, "Empty channel ID name.");
     }
     return true;

@@ -10,12 +10,12 @@ namespace vemo::board::xml {
 namespace {
 
 // Two general settings, then the reference board platforms.
-constexpr const char* PLATFORM_TYPES[] = {"none",     "auto",     "pb_net", "dbsoc",
+constexpr std::string_view PLATFORM_TYPES[] = {"none",     "auto",     "pb_net", "dbsoc",
                                           "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
                                           "tsk_pcie", "ocsoc",    "pc_ref"};
 
-constexpr const char* FALSE_WORDS[] = {"false", "0"};
-constexpr const char* TRUE_WORDS[] = {"", "true", "1"};
+constexpr std::string_view FALSE_WORDS[] = {"false", "0"};
+constexpr std::string_view TRUE_WORDS[] = {"", "true", "1"};
 
 }  // namespace
 
@@ -56,12 +56,14 @@ bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
                                      "name"))) {
         return !m_has_error;
     }
-    m_config = new CompileConfig;
+    std::string name = CompileConfig::DEFAULT_CONFIG_NAME;
     if (!has_unnamed_flows()) {
-        m_config->name.clear();
-        query_attribute(elem, "name", &m_config->name, REPORT, REQUIRED);
+        name.clear();
+        query_attribute(elem, "name", &name, REPORT, REQUIRED);
     }
-    m_spec->set_compile_config(m_config, m_config->name);
+    m_config = new CompileConfig;
+    m_config->name = name;
+    m_spec->set_compile_config(m_config, name);
 
     if (!m_has_error && query_attribute(elem, "project", &m_config->project, REPORT, REQUIRED)
         && query_attribute(elem, "revision", &m_config->revision, REPORT, REQUIRED)
@@ -79,8 +81,9 @@ bool CompileVisitor::visit_synthesize_elem(const XMLElement& elem) {
     return read_command(elem, &m_config->synthesize_cmd, &m_config->synthesize_additional_args);
 }
 
-bool CompileVisitor::read_command(const XMLElement& elem, std::string* cmd, bool* additional_args) {
-    std::string text;
+bool CompileVisitor::read_command(const XMLElement& elem, CompactString* cmd,
+                                  bool* additional_args) {
+    const char* text = nullptr;
     if (report_unexpected_elem_stack(elem, 1, "compile")
         && report_unexpected_attrs(elem, 2, "cmd", "additional_args")
         && query_attribute(elem, "cmd", cmd, REPORT, REQUIRED)
@@ -90,7 +93,7 @@ bool CompileVisitor::read_command(const XMLElement& elem, std::string* cmd, bool
     return !m_has_error;
 }
 
-bool CompileVisitor::has_additional_args(const XMLElement& elem, const std::string& text) {
+bool CompileVisitor::has_additional_args(const XMLElement& elem, std::string_view text) {
     if (index_of_word(TRUE_WORDS, text) < std::size(TRUE_WORDS)) {
         return true;
     }
@@ -116,7 +119,7 @@ bool CompileVisitor::visit_auto_migration_elem(const XMLElement& elem) {
 }
 
 bool CompileVisitor::visit_auto_migration_single_elem(const XMLElement& elem) {
-    std::string fixes;
+    const char* fixes = nullptr;
     if (!(report_unexpected_elem_stack(elem, 2, "compile", "auto_migrate")
           && report_unexpected_attrs(elem, 1, "fixes")
           && query_attribute(elem, "fixes", &fixes, REPORT, REQUIRED))) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
@@ -24,11 +26,11 @@ private:
     bool visit_auto_migration_single_elem(const XMLElement& elem);
 
     /// Reads a command element: `cmd`, required, and `additional_args`.
-    bool read_command(const XMLElement& elem, std::string* cmd, bool* additional_args);
+    bool read_command(const XMLElement& elem, CompactString* cmd, bool* additional_args);
 
     /// The meaning of an `additional_args` text; an empty one switches them on. Reports a text that
     /// is no boolean.
-    bool has_additional_args(const XMLElement& elem, const std::string& text);
+    bool has_additional_args(const XMLElement& elem, std::string_view text);
 
     /// Whether the file is below 17.0: its flows have no name of their own, and their children
     /// are optional.

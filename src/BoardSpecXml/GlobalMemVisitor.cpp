@@ -106,7 +106,9 @@ bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
         return report_error(elem, "Global memory interface must be a slave.");
     }
     m_global_mem->add_interface(intf.release());
-    return !m_has_error;
+    // All children are ports, or the interface's own visitor had reported them: that this visitor
+    // walks them as well could only be traced.
+    return is_tracing();
 }
 
 bool GlobalMemVisitor::VisitExit(const XMLElement& elem) {

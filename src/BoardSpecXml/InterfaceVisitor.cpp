@@ -27,7 +27,7 @@ const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
     {"enable", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::enable>},
     {"clock", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::clock>},
     {"misc", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::misc>},
-    {"latency", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::latency>},
+    {"latency", IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
     {"latency_type", IfPresent, &InterfaceVisitor::read_latency_type},
     {"waitrequest", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest>},
     {"waitrequest_allowance", IfPresent,
@@ -73,7 +73,7 @@ bool InterfaceVisitor::read_name(const XMLElement& elem, const FoundAttribute& f
 }
 
 bool InterfaceVisitor::read_ports(const XMLElement& elem, const FoundAttribute& found) {
-    std::string port_name;
+    const char* port_name = nullptr;
     if (query_attribute(elem, found, &port_name, REPORT, OPTIONAL)) {
         m_intf->add_port(port_name, Port::ReadWrite);
     }
@@ -149,7 +149,7 @@ bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttr
                 elem, found.name,
                 std::string("Unrecognized latency type in Varnel interface '") + word + "'.");
         }
-        m_intf->edit_details().latency_type = static_cast<unsigned>(latency_type);
+        m_intf->latency_type = static_cast<unsigned>(latency_type);
     }
     return !m_has_error;
 }

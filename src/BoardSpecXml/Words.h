@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iterator>
+#include <string_view>
 
 #include "BoardSpec/GlobalMemConfig.h"
 #include "BoardSpec/Interface.h"
@@ -10,17 +11,17 @@ namespace vemo::board::xml {
 
 // How board files write enumerators. Each table is indexed by its enumeration.
 
-constexpr const char* MEMORY_TYPE_WORDS[] = {"shared virtual", "shared physical", "device private"};
+constexpr std::string_view MEMORY_TYPE_WORDS[] = {"shared virtual", "shared physical", "device private"};
 static_assert(std::size(MEMORY_TYPE_WORDS) == GlobalMemConfig::TypeCount);
 
-constexpr const char* INTERFACE_TYPE_WORDS[] = {"slave", "master", "irq", "streamsource",
+constexpr std::string_view INTERFACE_TYPE_WORDS[] = {"slave", "master", "irq", "streamsource",
                                                 "streamsink"};
 static_assert(std::size(INTERFACE_TYPE_WORDS) == Interface::TypeCount);
 
-constexpr const char* DIRECTION_WORDS[] = {"rw", "r", "w"};
+constexpr std::string_view DIRECTION_WORDS[] = {"rw", "r", "w"};
 static_assert(std::size(DIRECTION_WORDS) == Port::TypeCount);
 
 // Indexed by Interface::latency_type.
-constexpr const char* LATENCY_TYPE_WORDS[] = {"average", "fixed"};
+constexpr std::string_view LATENCY_TYPE_WORDS[] = {"average", "fixed"};
 
 }  // namespace vemo::board::xml

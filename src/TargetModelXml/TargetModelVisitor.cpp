@@ -64,16 +64,16 @@ bool TargetModelVisitor::visit_target_model_elem(const XMLElement& elem) {
 }
 
 bool TargetModelVisitor::visit_style_model_elem(const XMLElement& elem) {
-    std::string file;
+    const char* file = nullptr;
     if (!(report_unexpected_elem_stack(elem, 1, "target_model")
           && report_unexpected_attrs(elem, 1, "file")
           && query_attribute(elem, "file", &file, REPORT, REQUIRED))) {
         return false;
     }
-    if (file.empty()) {
+    if (*file == '\0') {
         return report_attr_error(elem, "file", "Target Style Model file is empty.");
     }
-    m_tm->style_models.push_back(file);
+    m_tm->style_models.emplace_back(file);
     return !m_has_error;
 }
 
