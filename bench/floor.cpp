@@ -1,6 +1,5 @@
-// The floor of a run: loads the documents given, each as simply as the XML library offers, and prints
-// one attribute of the first. The tool, which does that and answers a question, is measured against
-// it.
+// The floor of a run: loads the documents given, each as simply as the XML library offers, and
+// prints one attribute of the first. The tool, which does that and more, is measured against it.
 
 #include <cstdio>
 
