@@ -78,7 +78,8 @@ TARGET = """<?xml version="1.0"?>
 
 
 def flow(number):
-    return f"""  <compile name="flow{number}" project="top" revision="rev{number}" lomb_file="shell.lomb" generic_kernel="1">
+    return f"""  <compile name="flow{number}" project="top" revision="rev{number}"
+           lomb_file="shell.lomb" generic_kernel="1">
     <generate cmd="kitforge --component-file=shell.lomb"/>
     <synthesize cmd="fendra_sh --flow compile top"/>
     <auto_migrate platform_type="none"/>

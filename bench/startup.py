@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Compares whole processes that tell the name of a board: the tool, the floor, and others if installed.
 
-The runs that are timed are made in turns, so that what else happens on the machine hits all alike.
+Timed runs are made in pairs with the floor, so that what else happens on the machine hits both alike.
 """
 
 import argparse
@@ -42,14 +42,17 @@ def parse_arguments():
     return parser.parse_args()
 
 
-def measure_times(commands, repetitions):
-    """Of each command, the median time in seconds, and that of its ratios to the first one's."""
-    rounds = [[measure.Cost(command).cpu for command in commands] for _ in range(repetitions)]
-    medians = []
-    for index in range(len(commands)):
-        medians.append((statistics.median(times[index] for times in rounds),
-                        statistics.median(times[index] / times[0] for times in rounds)))
-    return medians
+def compare_times(floor, command, repetitions):
+    """The median time of `command` in seconds, and that of its ratios to the floor's."""
+    times, ratios = [], []
+    for repetition in range(repetitions):
+        if repetition % 2 == 0:  # neither comes first always
+            floor_time, time = measure.Cost(floor).cpu, measure.Cost(command).cpu
+        else:
+            time, floor_time = measure.Cost(command).cpu, measure.Cost(floor).cpu
+        times.append(time)
+        ratios.append(time / floor_time)
+    return statistics.median(times), statistics.median(ratios)
 
 
 def check(counts):
@@ -72,17 +75,15 @@ def main():
         if answer != ANSWER:
             sys.exit(f"{name} answers '{answer}', not '{ANSWER}'")
 
+    timed = arguments.repeat > 0
     counts = {name: measure.instructions(command) for name, command in commands.items()}
-    times = {}
-    if arguments.repeat > 0:
-        times = dict(zip(commands, measure_times(list(commands.values()), arguments.repeat)))
-    print(f"{'':10}  instructions  to floor  to tool" + ("      time  to floor" if times else ""))
+    print(f"{'':10}  instructions  to floor  to tool" + timed * "      time  to floor")
     for name, count in counts.items():
-        line = f"{name:10} {count / 1e6:11.3f} M {count / counts['floor']:9.3f}"
-        line += f" {count / counts['tool']:8.3f}"
-        if times:
-            line += " {:6.0f} us {:9.2f}".format(times[name][0] * 1e6, times[name][1])
-        print(line)
+        line = f"{name:10} {count / 1e6:11.3f} M {count / counts['floor']:9.3f} {count / counts['tool']:8.3f}"
+        if timed:
+            time, ratio = compare_times(commands["floor"], commands[name], arguments.repeat)
+            line += f" {time * 1e6:6.0f} us {ratio:9.2f}"
+        print(line, flush=True)
 
     if arguments.check:
         check(counts)
