@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Compares the tool with the floor, the bare load of the same files, on large packages.
 
-The runs are made in turns, so that what else happens on the machine hits all alike. A ratio is given
-twice: of the best runs, and the median of the pairs of neighbouring runs.
+The runs are made in turns, so that what else happens on the machine hits all alike. A ratio is
+given twice: of the best runs, and the median of the pairs of neighbouring runs.
 """
 
 import argparse

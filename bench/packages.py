@@ -126,7 +126,8 @@ def many(part, count):
 
 # What there is many of: which text of the package holds it, and the question asked.
 FAMILIES = {
-    "channels": (lambda n: {"channels": f"  <channels>\n{many(channel, n)}  </channels>\n"}, "channelnames"),
+    "channels": (lambda n: {"channels": f"  <channels>\n{many(channel, n)}  </channels>\n"},
+                 "channelnames"),
     "memories": (lambda n: {"memories": many(memory, n)}, "globalmemnames"),
     "interfaces": (lambda n: {"memories": memory_of(many(slave, n))}, "name"),
     "ports": (lambda n: {"memories": ported(many(port, n))}, "name"),
@@ -141,7 +142,8 @@ def write(folder, family, count):
     Returns its files in the order of loading, and the question to ask.
     """
     parts, command = FAMILIES[family]
-    texts = {"flows": flow(0), "memories": memory(0), "channels": "", "styles": style(0)} | parts(count)
+    texts = {"flows": flow(0), "memories": memory(0), "channels": "", "styles": style(0)}
+    texts |= parts(count)
     folder = pathlib.Path(folder, f"{family}-{count}")
     folder.mkdir(parents=True)
     files = []

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Compares whole processes that tell the name of a board: the tool, the floor, and others if installed.
+"""Compares whole processes that tell the name of a board: tool, floor, and others if installed.
 
-Timed runs are made in pairs with the floor, so that what else happens on the machine hits both alike.
+Timed runs are made in pairs with the floor: what else happens on the machine hits both alike.
 """
 
 import argparse
@@ -14,7 +14,8 @@ import sys
 import measure
 
 PACKAGE = pathlib.Path(__file__).parents[1] / "examples" / "teasel"
-BOARD, DEVICE, TARGET = (str(PACKAGE / f"{name}.xml") for name in ("board_spec", "pb3180", "peltrab"))
+BOARD, DEVICE, TARGET = (
+    str(PACKAGE / name) for name in ("board_spec.xml", "pb3180.xml", "peltrab.xml"))
 ANSWER = "teasel_n4"
 
 # Others, which read the board file only.
@@ -37,8 +38,8 @@ def parse_arguments():
     parser.add_argument("--repeat", type=int, default=200,
                         help="timed runs of each; 0 for none (default: %(default)s)")
     parser.add_argument("--check", action="store_true",
-                        help="fail when the instructions are too many: "
-                        + ", ".join(f"{name} above {bar:.2f} x {other}" for name, other, bar in BARS))
+                        help="fail when the instructions are too many: " + ", ".join(
+                            f"{name} above {bar:.2f} x {other}" for name, other, bar in BARS))
     return parser.parse_args()
 
 
@@ -79,7 +80,8 @@ def main():
     counts = {name: measure.instructions(command) for name, command in commands.items()}
     print(f"{'':10}  instructions  to floor  to tool" + timed * "      time  to floor")
     for name, count in counts.items():
-        line = f"{name:10} {count / 1e6:11.3f} M {count / counts['floor']:9.3f} {count / counts['tool']:8.3f}"
+        line = f"{name:10} {count / 1e6:11.3f} M"
+        line += f" {count / counts['floor']:9.3f} {count / counts['tool']:8.3f}"
         if timed:
             time, ratio = compare_times(commands["floor"], commands[name], arguments.repeat)
             line += f" {time * 1e6:6.0f} us {ratio:9.2f}"
