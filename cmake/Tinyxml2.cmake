@@ -1,7 +1,9 @@
 # Defines tinyxml2::tinyxml2: from the library's own CMake package, else from pkg-config. It is for
 # the includer to test whether the target exists. (Also installed: part of the CMake package.)
 
-find_package(tinyxml2 CONFIG QUIET)
+if(NOT TARGET tinyxml2::tinyxml2)
+    find_package(tinyxml2 CONFIG QUIET)
+endif()
 if(NOT TARGET tinyxml2::tinyxml2)
     find_package(PkgConfig QUIET)
     if(PKG_CONFIG_FOUND)

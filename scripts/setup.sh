@@ -48,7 +48,7 @@ install_build_packages() {
 build() {
     local preset=$1 targets=("${@:2}")
     local build_dir=$project_dir/build/$preset
-    if [ ! -e "$build_dir/.configured" ]; then
+    if [ ! "$build_dir/.configured" -nt "$project_dir/CMakePresets.json" ]; then
         (cd "$project_dir" && cmake --preset "$preset") >&2
         touch "$build_dir/.configured"
     fi
