@@ -84,6 +84,16 @@ Address map:
 )");
 }
 
+TEST_F(Dump, ShortensNamesThatStandInManyRows) {
+    const std::string beginning(63, 'n');
+    dir.write("board_spec.xml",
+              edit(BOARD, "name=\"QDR\"", "name=\"" + beginning + "\xc3\xa9nn\""));
+    const std::string tables =
+        edit(vemo::dump::text_dump(load().sources()), "...Global memories:\n", "");
+    EXPECT_EQ(split(tables, "  " + beginning + "...  ").size(), 3u) << tables;
+    EXPECT_EQ(tables.find('\xc3'), std::string::npos);
+}
+
 TEST_F(Dump, AssignsEveryByteOfHostileValues) {
     dir.write("board_spec.xml", hostile_board());
     dir.write("eval", R"(text=$($1 --format=sh board_spec.xml) && eval "$text" || exit

@@ -32,7 +32,7 @@ std::string interface_text(const board::Interface& intf) {
         text += i == 0 ? "." : "/";
         text += intf.get_port(i)->name.c_str();
     }
-    return text;
+    return shortened(text);
 }
 
 std::vector<Region> regions_by_address(const board::BoardSpec& spec) {
@@ -91,7 +91,7 @@ std::string size_text(std::uint64_t bytes) {
 }
 
 std::string memory_name_text(const board::GlobalMemConfig& memory) {
-    return memory.name.empty() ? "(unnamed)" : memory.name.c_str();
+    return memory.name.empty() ? "(unnamed)" : shortened(memory.name.c_str());
 }
 
 std::string address_map(const board::BoardSpec& spec) {

@@ -18,7 +18,7 @@ std::string address_text(std::uint64_t address);
 /// First and last address, with a hyphen between.
 std::string range_text(std::uint64_t first, std::uint64_t last);
 
-/// The name of a memory, which a board's only memory may lack.
+/// The name of a memory, which a board's only memory may lack. Shortened if need be.
 std::string memory_name_text(const board::GlobalMemConfig& memory);
 
 /// A number of bytes in four digits and a unit, with "~" before it when that is not the exact size.

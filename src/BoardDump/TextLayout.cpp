@@ -11,11 +11,13 @@ bool is_control(char c) {
     return byte < 0x20 || byte == 0x7f;
 }
 
+bool begins_character(char c) {
+    return (static_cast<unsigned char>(c) & 0xc0) != 0x80;  // no byte that continues one
+}
+
 /// Columns that `text` takes on a terminal: one for each character of UTF-8.
 std::size_t width(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xc0) != 0x80;  // no byte that continues one
-    }));
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins_character));
 }
 
 }  // namespace
@@ -32,6 +34,18 @@ std::string printable(std::string_view text, std::string_view keep) {
         }
     }
     return out;
+}
+
+std::string shortened(const std::string& text) {
+    constexpr std::size_t MAX_SIZE = 64;
+    if (text.size() <= MAX_SIZE) {
+        return text;
+    }
+    std::size_t end = MAX_SIZE;
+    while (end > 0 && !begins_character(text[end])) {
+        --end;
+    }
+    return text.substr(0, end) + "...";
 }
 
 void TextTable::add_row(std::initializer_list<std::string> cells) {

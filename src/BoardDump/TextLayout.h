@@ -11,6 +11,10 @@ namespace vemo::dump {
 /// what a file contains shall not reach a terminal as a command.
 std::string printable(std::string_view text, std::string_view keep = "");
 
+/// `text`, or its beginning and "..." when it is longer than any sensible name. For what a table
+/// has in several rows, or in a column: a long name must not take its length times the rows.
+std::string shortened(const std::string& text);
+
 /// A table whose columns are as wide as their widest cell, one blank pair apart.
 class TextTable {
 public:

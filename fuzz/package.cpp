@@ -1,0 +1,118 @@
+// Takes a board package, its three documents in one input, through every answer and every dump.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "AnswerTable.h"
+#include "BoardDump/AssignmentDump.h"
+#include "BoardDump/FlowSources.h"
+#include "BoardDump/JsonDump.h"
+#include "BoardDump/TextDump.h"
+#include "BoardSpec/Dump.h"
+#include "BoardSpecXml/BoardSpecXmlLoader.h"
+#include "DeviceModelXmlLoader.h"
+#include "FilePath.h"
+#include "TargetModelXmlLoader.h"
+#include "expected_invariants.h"
+
+namespace {
+
+using vemo::AnswerSources;
+using vemo::fuzz::until_invariant;
+
+constexpr std::string_view SEPARATOR = "%%";  // stands between the documents
+
+/// Takes the text up to the next separator off `input`.
+std::string take_document(std::string& input) {
+    const std::size_t end = input.find(SEPARATOR);
+    std::string document = input.substr(0, end);
+    input.erase(0, end == std::string::npos ? end : end + SEPARATOR.size());
+    return document;
+}
+
+void answer_all(const AnswerSources& sources) {
+    for (const vemo::Answer& answer : vemo::ANSWERS) {
+        vemo::find_answer(answer.command, sources);
+    }
+}
+
+template <typename Model>
+void stream(const Model& model) {
+    until_invariant([&model] { std::ostringstream() << model; });
+}
+
+std::string dump_as_text(const AnswerSources& sources) {
+    const auto& memories = sources.spec->get_global_mem_configs();
+    try {
+        return vemo::dump::text_dump(sources);
+    } catch (const std::runtime_error&) {
+        // The one thing that it may complain about.
+        if (std::all_of(memories.begin(), memories.end(),
+                        [](const auto* memory) { return memory->get_num_intfs() > 0; })) {
+            throw;
+        }
+        return "";
+    }
+}
+
+/// Makes all dumps of what was read from `input_size` bytes.
+void dump_all(const AnswerSources& sources, std::size_t input_size) {
+    stream(*sources.spec);
+    for (const auto* memory : sources.spec->get_global_mem_configs()) {
+        stream(*memory);
+    }
+    stream(*sources.dm);
+    stream(*sources.tm);
+    for (const auto dump :
+         {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump, vemo::dump::make_dump}) {
+        until_invariant([&sources, dump, input_size] {
+            // Nothing in a file takes that much of a dump, unless it is there in many rows.
+            if (dump(sources).size() > 64 * input_size + 16384) {
+                throw std::length_error("a dump that grows faster than its input");
+            }
+        });
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string input(data, data + size);
+    const std::string board_xml = take_document(input);
+    const std::string dm_xml = take_document(input);
+    const std::string tm_xml = take_document(input);
+
+    std::unique_ptr<vemo::board::BoardSpec> spec;
+    std::unique_ptr<vemo::dmodel::DeviceModel> dm;
+    std::unique_ptr<vemo::tmodel::TargetModel> tm;
+    until_invariant([&] {
+        // Memories may overlap, which one of the dumps tells.
+        spec.reset(vemo::board::BoardSpecXmlLoader(false, true).load_xml(board_xml.c_str()));
+    });
+    until_invariant(
+        [&] { dm.reset(vemo::dmodel::DeviceModelXmlLoader(false).load_xml(dm_xml.c_str())); });
+    until_invariant(
+        [&] { tm.reset(vemo::tmodel::TargetModelXmlLoader(false).load_xml(tm_xml.c_str())); });
+    if (spec == nullptr || dm == nullptr || tm == nullptr) {
+        return 0;
+    }
+    AnswerSources sources;
+    sources.spec = spec.get();
+    sources.dm = dm.get();
+    sources.tm = tm.get();
+    sources.dm_resolved_path = spec->get_device_config().device_model;
+    sources.tm_resolved_path = vemo::FilePath::append(
+        vemo::FilePath::parent_path(sources.dm_resolved_path), dm->target_model);
+    sources.flow = &spec->get_compile_config(spec->get_compile_config_names().front());
+    for (const AnswerSources& flow_sources : vemo::dump::sources_of_flows(sources)) {
+        answer_all(flow_sources);
+    }
+    dump_all(sources, size);
+    return 0;
+}
