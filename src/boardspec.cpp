@@ -42,8 +42,8 @@ bool finish_output() {
     return false;
 }
 
-/// Called when an allocation fails. Unlike an exception, this needs no memory of its own, and cannot
-/// be lost on its way.
+/// Called when an allocation fails. Unlike an exception, this needs no memory of its own, and
+/// cannot be lost on its way.
 [[noreturn]] void run_out_of_memory() { error("out of memory"); }
 
 /// Takes the flow suffix off `command`, if it has one, and returns the name of the compile flow

@@ -38,9 +38,9 @@ std::string interface_text(const board::Interface& intf) {
 std::vector<Region> regions_by_address(const board::BoardSpec& spec) {
     std::vector<Region> regions;
     for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
-        const std::string memory_text = memory_name_text(*memory);
+        const std::string memory_text = shortened(memory_name_text(*memory));
         for (const board::Interface* intf : memory->get_interfaces()) {
-            const std::string intf_text = interface_text(*intf);
+            const std::string intf_text = shortened(interface_text(*intf));
             const std::uint64_t first = intf->address;
             const std::uint64_t last = first + intf->get_size() - 1;
             if (last <= LAST_ADDRESS) {

@@ -9,7 +9,8 @@ namespace vemo::dump {
 
 /// The memory interfaces of the board by address, one a line, with a line that begins with "--" for
 /// each gap between two of them and one with "!!" for each interface that overlaps one before it.
-/// An interface that goes beyond the end of the 32-bit addresses has two lines.
+/// An interface that goes beyond the end of the 32-bit addresses has two lines. Long names are
+/// shortened.
 std::string address_map(const board::BoardSpec& spec);
 
 /// 0x and (at least) eight hexadecimal digits.

@@ -6,16 +6,22 @@
 namespace vemo::dump {
 namespace {
 
+// One long text must not make every row as long.
+constexpr std::size_t MAX_COLUMN_WIDTH = 100;
+constexpr std::size_t MAX_REPEATED_SIZE = 100;
+
 bool is_control(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x20 || byte == 0x7f;
 }
 
+/// Whether `c` continues a character of UTF-8.
+bool is_continuation(char c) { return (static_cast<unsigned char>(c) & 0xc0) == 0x80; }
+
 /// Columns that `text` takes on a terminal: one for each character of UTF-8.
 std::size_t width(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xc0) != 0x80;  // no byte that continues one
-    }));
+    return text.size()
+           - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), is_continuation));
 }
 
 }  // namespace
@@ -34,6 +40,17 @@ std::string printable(std::string_view text, std::string_view keep) {
     return out;
 }
 
+std::string shortened(const std::string& text) {
+    if (text.size() <= MAX_REPEATED_SIZE) {
+        return text;
+    }
+    std::size_t size = MAX_REPEATED_SIZE;
+    while (size > 0 && is_continuation(text[size])) {
+        --size;
+    }
+    return text.substr(0, size) + "...";
+}
+
 void TextTable::add_row(std::initializer_list<std::string> cells) {
     std::vector<std::string>& row = m_rows.emplace_back();
     for (const std::string& cell : cells) {
@@ -45,7 +62,8 @@ std::string TextTable::text(std::string_view indent) const {
     std::vector<std::size_t> widths(m_alignment.size());
     for (const auto& row : m_rows) {
         for (std::size_t column = 0; column + 1 < row.size(); ++column) {
-            widths[column] = std::max(widths[column], width(row[column]));
+            const std::size_t cell_width = std::min(width(row[column]), MAX_COLUMN_WIDTH);
+            widths[column] = std::max(widths[column], cell_width);
         }
     }
     std::string out;

@@ -11,7 +11,11 @@ namespace vemo::dump {
 /// what a file contains shall not reach a terminal as a command.
 std::string printable(std::string_view text, std::string_view keep = "");
 
-/// A table whose columns are as wide as their widest cell, one blank pair apart.
+/// For texts of a file that many lines repeat: the beginning of a long one, and "...".
+std::string shortened(const std::string& text);
+
+/// A table whose columns, one blank pair apart, are as wide as their widest cell, but not as an
+/// uncommonly wide one, which moves the rest of its row.
 class TextTable {
 public:
     /// One letter a column: 'l' for left-aligned, 'r' for right-aligned.
