@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <new>
 
 #include "AnswerTable.h"
 #include "Assert.h"
@@ -25,8 +27,9 @@ namespace {
 
 constexpr char FLOW_SEPARATOR = ':';
 
-// The models live until the process ends. Here a leak checker sees that they are not lost.
-vemo::AnswerSources* all_sources = nullptr;
+// The models live until the process ends. Here a leak checker sees that they are not lost; and
+// since nothing else reads it, the compiler must be told to keep it.
+[[gnu::used]] vemo::AnswerSources* all_sources = nullptr;
 
 void write_output(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
@@ -39,6 +42,10 @@ bool finish_output() {
                  std::strerror(errno));
     return false;
 }
+
+/// Called when an allocation fails. Unlike an exception, this needs no memory of its own, and
+/// cannot be lost on its way.
+[[noreturn]] void run_out_of_memory() { error("out of memory"); }
 
 /// Takes the flow suffix off `command`, if it has one, and returns the name of the compile flow
 /// that it asks for; without a suffix, the flow that the board defines first.
@@ -169,9 +176,13 @@ void split_string(const std::string& text, char delimiter, std::vector<std::stri
 }
 
 int main(int argc, char** argv) {
+    std::set_new_handler(run_out_of_memory);
+    // A reader that has gone and a limit on the size of files are told as errors of writing.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return run(argc, argv);
-    } catch (const std::exception& exception) {  // memory has run out
+    } catch (const std::exception& exception) {
         error(exception.what());
     }
 }

@@ -2,13 +2,29 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <iterator>
+#include <new>
 #include <string>
 #include <vector>
+
+namespace {
+
+/// Called when an allocation fails. An exception would not do: streams keep it to themselves, and
+/// the destructors of JSON values allocate.
+[[noreturn]] void run_out_of_memory() {
+    std::fputs("Error: out of memory\n", stderr);
+    std::exit(EXIT_FAILURE);
+}
+
+// Set before CLI11 makes its own objects, which is before main.
+[[maybe_unused]] const std::new_handler former_handler = std::set_new_handler(run_out_of_memory);
+
+}  // namespace
 
 #include <CLI/CLI.hpp>
 
@@ -125,6 +141,9 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A reader that has gone and a limit on the size of files are told as errors of writing.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return run(argc, argv);
     } catch (const vemo::LoadError& error) {

@@ -16,7 +16,8 @@ struct CommandLine : ::testing::Test {
 
     /// Standard output of a command, and in brackets its status: 134 when the tool aborts.
     std::string run(const std::string& command) const {
-        const std::string start = "unset VEMOSDKROOT; TOOL=" VEMO_TOOL "; cd " + dir.path;
+        const std::string start =
+            "unset VEMOSDKROOT; TOOL=${VEMO_TOOL:-" VEMO_TOOL "}; cd " + dir.path;
         const int status = std::system((start + " && ( " + command + " ) >out 2>err").c_str());
         return dir.read("out") + "[" + std::to_string(WEXITSTATUS(status)) + "]";
     }

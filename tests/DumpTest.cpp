@@ -53,8 +53,9 @@ struct Dump : ::testing::Test {
 
     /// Exit status of a shell command that writes to the files out and err.
     int run(const std::string& command) const {
-        const int status = std::system(
-            ("cd " + dir.path + "; dump=" VEMO_DUMP "; { " + command + "; } >out 2>err").c_str());
+        const int status = std::system(("cd " + dir.path + "; dump=${VEMO_DUMP:-" VEMO_DUMP "}; { "
+                                        + command + "; } >out 2>err")
+                                           .c_str());
         return WEXITSTATUS(status);
     }
 
