@@ -145,7 +145,7 @@ bool BaseVisitor::check_element_stack_with_top_va(unsigned n, std::va_list names
 const tinyxml2::XMLAttribute* BaseVisitor::find_attribute(const XMLElement& elem,
                                                           const char* name) {
     const XMLAttribute* attribute = elem.FirstAttribute();
-    while (attribute != nullptr && !equal(attribute->Name(), name)) {
+    while (attribute != nullptr && !equal_names(attribute->Name(), name)) {
         attribute = attribute->Next();
     }
     return attribute;
@@ -275,26 +275,6 @@ bool BaseVisitor::report_missing_attr(const XMLElement& elem, const std::string&
     return report_error(elem, msg.empty() ? text : text + "\n" + msg);
 }
 
-bool BaseVisitor::report_missing_attrs(const XMLElement& elem,
-                                       std::initializer_list<const char*> names) {
-    // Where they stand in the order of the names, as they mostly do, one pass finds them all.
-    const XMLAttribute* last_found = nullptr;
-    for (const char* name : names) {
-        const XMLAttribute* attribute = last_found == nullptr ? nullptr : last_found->Next();
-        while (attribute != nullptr && !equal(attribute->Name(), name)) {
-            attribute = attribute->Next();
-        }
-        if (attribute == nullptr) {
-            attribute = find_attribute(elem, name);
-        }
-        if (attribute == nullptr) {
-            return report_missing_attr(elem, name, "");
-        }
-        last_found = attribute;
-    }
-    return true;
-}
-
 bool BaseVisitor::report_attr_type_error(const XMLElement& elem, const std::string& attr,
                                          const std::string& msg) {
     const std::string text =
@@ -328,7 +308,7 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n, ..
         va_copy(allowed, names);
         bool is_allowed = false;
         for (unsigned i = 0; i < n && !is_allowed; ++i) {
-            is_allowed = equal(name, va_arg(allowed, const char*));
+            is_allowed = equal_names(name, va_arg(allowed, const char*));
         }
         va_end(allowed);
         return is_allowed;
@@ -341,8 +321,9 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,
                                           const char** allowed) {
     return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
         const char* name = attribute.Name();
-        return std::any_of(allowed, allowed + n,
-                           [name](const char* allowed_name) { return equal(name, allowed_name); });
+        return std::any_of(allowed, allowed + n, [name](const char* allowed_name) {
+            return equal_names(name, allowed_name);
+        });
     });
 }
 

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdarg>
 #include <cstddef>
-#include <cstring>
-#include <initializer_list>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +11,7 @@
 #include "Assert.h"
 #include "CompactString.h"
 #include "ElementStack.h"
+#include "FoundAttributes.h"
 #include "UnsignedNumber.h"
 
 namespace vemo::xml {
@@ -155,6 +152,17 @@ public:
     bool report_unexpected_attrs(const XMLElement& elem, unsigned n, ...);
     bool report_unexpected_attrs(const XMLElement& elem, unsigned n, const char** allowed);
 
+    /// The same for those that are not in the table of `found`, which has been made of `elem`.
+    template <typename Row, std::size_t N>
+    bool report_unexpected_attrs(const XMLElement& elem, const FoundAttributes<Row, N>& found) {
+        if (!found.has_others()) {
+            return !m_has_error;
+        }
+        return report_attrs_unless(elem, [&found](const XMLAttribute& attribute) {
+            return found.is_in_table(attribute.Name());
+        });
+    }
+
     // Flags of query_attribute.
     static constexpr bool REPORT = true;
     static constexpr bool REQUIRED = true;
@@ -170,38 +178,6 @@ public:
     bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                          bool required);
 
-    /// An attribute of the schema, and where an element has it: null when it has not.
-    struct FoundAttribute {
-        const char* name;
-        const XMLAttribute* attribute;
-    };
-
-    /// report_unexpected_attrs with the `name`s of the rows of a table, which also looks all of
-    /// them up: `found` gets a row's attribute, or null, at the row's index.
-    template <typename Row, std::size_t N>
-    bool find_attributes(const XMLElement& elem, const Row (&rows)[N],
-                         const XMLAttribute* (&found)[N]) {
-        std::fill(std::begin(found), std::end(found), nullptr);
-        // Files have attributes in much the same order as tables, so the search goes on where the
-        // last one ended.
-        std::size_t row = 0;
-        return report_attrs_unless(elem, [&](const XMLAttribute& attribute) {
-            const char* name = attribute.Name();
-            for (std::size_t tries = 0; tries < N; ++tries) {
-                const std::size_t candidate = row;
-                row = row + 1 < N ? row + 1 : 0;
-                if (equal(name, rows[candidate].name)) {
-                    found[candidate] = &attribute;
-                    return true;
-                }
-            }
-            return false;
-        });
-    }
-
-    /// Reports the first of `names` that `elem` has no attribute of.
-    bool report_missing_attrs(const XMLElement& elem, std::initializer_list<const char*> names);
-
     /// query_attribute for an attribute of `elem` that has been looked up.
     template <typename T>
     bool query_attribute(const XMLElement& elem, const FoundAttribute& found, T* value, bool report,
@@ -213,8 +189,8 @@ protected:
     /// Name of the element that has been entered last and not been left.
     std::string_view current_name() const { return m_elem_stack.back(); }
 
-    /// Whether the current element is the one that the walk started on.
-    bool is_root_of_walk() const { return m_elem_stack.size() == 1; }
+    /// Number of elements entered and not left: 0 before the walk, 1 in the element it starts on.
+    std::size_t depth() const { return m_elem_stack.size(); }
 
     /// Lets `child` walk the subtree of `elem` and takes over its outcome. True when no error is
     /// set.
@@ -232,9 +208,6 @@ protected:
     bool m_has_error = false;
 
 private:
-    static bool equal(const char* a, const char* b) {
-        return *a == *b && std::strcmp(a, b) == 0;  // nothing is done more often in a run
-    }
     static const XMLAttribute* find_attribute(const XMLElement& elem, const char* name);
 
     template <typename IsAllowed>

@@ -1,15 +1,20 @@
 #include "ElementStack.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "Assert.h"
 
 namespace vemo::xml {
 
 ElementStack::Path* ElementStack::add_path(ElementName name) {
-    m_paths.push_front({m_current, name, 0, nullptr, m_current->first_child});
-    m_current->first_child = &m_paths.front();
-    return m_current->first_child;
+    const bool has_place = m_num_first_paths < std::size(m_first_paths);
+    Path& path = has_place ? m_first_paths[m_num_first_paths++] : m_more_paths.emplace_front();
+    path.parent = m_current;
+    path.name = name;
+    path.next_sibling = m_current->first_child;
+    m_current->first_child = &path;
+    return &path;
 }
 
 bool ElementStack::begins_with(unsigned n, std::va_list names) const {
@@ -35,7 +40,7 @@ std::string ElementStack::key() const {
 }
 
 unsigned ElementStack::count_of(unsigned n, std::va_list names) const {
-    const Path* path = &m_empty_path;
+    const Path* path = &m_first_paths[0];
     for (unsigned i = 0; i < n && path != nullptr; ++i) {
         path = path->find(va_arg(names, const char*));
     }

@@ -86,9 +86,10 @@ private:
     /// Name of an open element by its depth, 0 being the outermost.
     ElementName name_at(std::size_t depth) const;
 
-    Path m_empty_path;
-    std::forward_list<Path> m_paths;  // all others
-    Path* m_current = &m_empty_path;  // the path of the open elements
+    Path m_first_paths[7];  // the empty path, and as many as most stacks see
+    std::size_t m_num_first_paths = 1;
+    std::forward_list<Path> m_more_paths;
+    Path* m_current = &m_first_paths[0];  // the path of the open elements
     std::size_t m_size = 0;
 };
 

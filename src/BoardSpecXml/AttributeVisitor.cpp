@@ -14,7 +14,7 @@ AttributeVisitor::AttributeVisitor(BaseVisitor* parent, Port* port)
 bool AttributeVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
     const std::string_view name = current_name();
-    if (name == "port" && is_root_of_walk()) {
+    if (name == "port" && depth() == 1) {
         return true;
     }
     if (name == "attribute") {

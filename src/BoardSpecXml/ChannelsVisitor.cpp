@@ -68,10 +68,7 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
     if (!report_unexpected_elem_stack(elem, 1, "channels")) {
         return !m_has_error;
     }
-    if (!report_missing_attrs(elem, {"name", "port", "type", "width", "chan_id"})) {
-        return false;
-    }
-    InterfaceVisitor reader(this);
+    InterfaceVisitor reader(this, InterfaceVisitor::InChannels);
     if (!walk_with(elem, &reader)) {
         return false;
     }

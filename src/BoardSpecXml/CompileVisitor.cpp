@@ -9,10 +9,14 @@
 namespace vemo::board::xml {
 namespace {
 
+constexpr const char* COMPILE_ATTRIBUTES[] = {"name", "project", "revision", "lomb_file",
+                                              "generic_kernel"};
+constexpr const char* COMMAND_ATTRIBUTES[] = {"cmd", "additional_args"};
+
 // Two general settings, then the reference board platforms.
 constexpr std::string_view PLATFORM_TYPES[] = {"none",     "auto",     "pb_net", "dbsoc",
-                                          "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
-                                          "tsk_pcie", "ocsoc",    "pc_ref"};
+                                               "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
+                                               "tsk_pcie", "ocsoc",    "pc_ref"};
 
 constexpr std::string_view FALSE_WORDS[] = {"false", "0"};
 constexpr std::string_view TRUE_WORDS[] = {"", "true", "1"};
@@ -51,24 +55,25 @@ bool CompileVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* firs
 }
 
 bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
-    if (!(report_unexpected_elem_stack(elem, 0)
-          && report_unexpected_attrs(elem, 5, "project", "revision", "lomb_file", "generic_kernel",
-                                     "name"))) {
+    const vemo::xml::FoundAttributes attributes(elem, COMPILE_ATTRIBUTES);
+    if (!(report_unexpected_elem_stack(elem, 0) && report_unexpected_attrs(elem, attributes))) {
         return !m_has_error;
     }
     std::string name = CompileConfig::DEFAULT_CONFIG_NAME;
     if (!has_unnamed_flows()) {
         name.clear();
-        query_attribute(elem, "name", &name, REPORT, REQUIRED);
+        query_attribute(elem, attributes["name"], &name, REPORT, REQUIRED);
     }
     m_config = new CompileConfig;
     m_config->name = name;
     m_spec->set_compile_config(m_config, name);
 
-    if (!m_has_error && query_attribute(elem, "project", &m_config->project, REPORT, REQUIRED)
-        && query_attribute(elem, "revision", &m_config->revision, REPORT, REQUIRED)
-        && query_attribute(elem, "lomb_file", &m_config->lomb_file, REPORT, REQUIRED)) {
-        query_attribute(elem, "generic_kernel", &m_config->generic_kernel, REPORT, REQUIRED);
+    if (!m_has_error
+        && query_attribute(elem, attributes["project"], &m_config->project, REPORT, REQUIRED)
+        && query_attribute(elem, attributes["revision"], &m_config->revision, REPORT, REQUIRED)
+        && query_attribute(elem, attributes["lomb_file"], &m_config->lomb_file, REPORT, REQUIRED)) {
+        query_attribute(elem, attributes["generic_kernel"], &m_config->generic_kernel, REPORT,
+                        REQUIRED);
     }
     return !m_has_error;
 }
@@ -83,11 +88,12 @@ bool CompileVisitor::visit_synthesize_elem(const XMLElement& elem) {
 
 bool CompileVisitor::read_command(const XMLElement& elem, CompactString* cmd,
                                   bool* additional_args) {
+    const vemo::xml::FoundAttributes attributes(elem, COMMAND_ATTRIBUTES);
     const char* text = nullptr;
     if (report_unexpected_elem_stack(elem, 1, "compile")
-        && report_unexpected_attrs(elem, 2, "cmd", "additional_args")
-        && query_attribute(elem, "cmd", cmd, REPORT, REQUIRED)
-        && query_attribute(elem, "additional_args", &text, REPORT, OPTIONAL)) {
+        && report_unexpected_attrs(elem, attributes)
+        && query_attribute(elem, attributes["cmd"], cmd, REPORT, REQUIRED)
+        && query_attribute(elem, attributes["additional_args"], &text, REPORT, OPTIONAL)) {
         *additional_args = has_additional_args(elem, text);
     }
     return !m_has_error;

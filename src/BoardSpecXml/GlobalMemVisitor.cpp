@@ -14,6 +14,9 @@ namespace {
 
 using vemo::xml::unsigned64_hex;
 
+constexpr const char* ATTRIBUTES[] = {"name", "max_bandwidth", "interleaved_bytes", "type",
+                                      "config_addr"};
+
 }  // namespace
 
 GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
@@ -37,8 +40,8 @@ bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
 bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
     // Where it stands is not checked: one inside another becomes a memory of its own, and the
     // interfaces that follow are its.
-    if (!report_unexpected_attrs(elem, 5, "max_bandwidth", "type", "interleaved_bytes", "name",
-                                 "config_addr")) {
+    const vemo::xml::FoundAttributes attributes(elem, ATTRIBUTES);
+    if (!report_unexpected_attrs(elem, attributes)) {
         return !m_has_error;
     }
     auto global_mem = std::make_unique<GlobalMemConfig>();
@@ -54,7 +57,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
     m_spec->add_global_mem_config(m_global_mem, (default_value & 1) != 0);
 
     float max_bandwidth = 0.0f;
-    if (!m_has_error && query_attribute(elem, "max_bandwidth", &max_bandwidth, REPORT, REQUIRED)) {
+    if (!m_has_error
+        && query_attribute(elem, attributes["max_bandwidth"], &max_bandwidth, REPORT, REQUIRED)) {
         if (max_bandwidth < 0.0f) {
             return report_attr_error(elem, "max_bandwidth",
                                      "Max global memory bandwidth must be non-negative.");
@@ -62,7 +66,7 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         m_global_mem->set_max_bandwidth(max_bandwidth);
     }
     const char* type_word = nullptr;
-    if (!m_has_error && query_attribute(elem, "type", &type_word, REPORT, OPTIONAL)) {
+    if (!m_has_error && query_attribute(elem, attributes["type"], &type_word, REPORT, OPTIONAL)) {
         const std::size_t type = index_of_word(MEMORY_TYPE_WORDS, type_word);
         if (type == std::size(MEMORY_TYPE_WORDS)) {
             return report_attr_error(elem, "type",
@@ -71,11 +75,12 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         m_global_mem->set_type(static_cast<GlobalMemConfig::Type>(type));
     }
     unsigned64_hex number;  // its low 32 bits count
-    if (!m_has_error && query_attribute(elem, "interleaved_bytes", &number, REPORT, OPTIONAL)) {
+    if (!m_has_error
+        && query_attribute(elem, attributes["interleaved_bytes"], &number, REPORT, OPTIONAL)) {
         m_global_mem->interleaved_bytes = static_cast<unsigned>(number.value);
     }
     if (!m_has_error) {
-        query_attribute(elem, "name", &m_global_mem->name, REPORT, OPTIONAL);
+        query_attribute(elem, attributes["name"], &m_global_mem->name, REPORT, OPTIONAL);
     }
     // Made after an error, too. It is enough to look at the first and at the last memory: those
     // between have passed when they were the last.
@@ -85,17 +90,15 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
                             "All global memories must have a name when there are more than 1 "
                             "global memories.");
     }
-    if (!m_has_error && query_attribute(elem, "config_addr", &number, REPORT, OPTIONAL)) {
+    if (!m_has_error
+        && query_attribute(elem, attributes["config_addr"], &number, REPORT, OPTIONAL)) {
         m_global_mem->config_addr = static_cast<unsigned>(number.value);
     }
     return !m_has_error;
 }
 
 bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
-    if (!report_missing_attrs(elem, {"name", "type", "width", "address", "size"})) {
-        return false;
-    }
-    InterfaceVisitor reader(this);
+    InterfaceVisitor reader(this, InterfaceVisitor::InGlobalMem);
     if (!walk_with(elem, &reader)) {
         return false;
     }

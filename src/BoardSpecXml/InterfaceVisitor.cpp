@@ -14,54 +14,70 @@ using vemo::xml::unsigned64_hex;
 
 }  // namespace
 
-// In the order of reading. The same rows are the attributes that are allowed.
+// In the order of reading, and of the search for those required. The same rows are the attributes
+// that are allowed.
 const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
-    {"name", Always, &InterfaceVisitor::read_name},
-    {"port", Always, &InterfaceVisitor::read_ports},
-    {"type", Always, &InterfaceVisitor::read_type},
-    {"width", IfPresent, &InterfaceVisitor::read_width},
-    {"maxburst", IfPresent, &InterfaceVisitor::read_maxburst},
-    {"address", IfPresent, &InterfaceVisitor::read_address},
-    {"size", IfPresent, &InterfaceVisitor::read_size},
-    {"chan_id", IfPresent, &InterfaceVisitor::read_plain<&Interface::chan_id>},
-    {"enable", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::enable>},
-    {"clock", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::clock>},
-    {"misc", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::misc>},
-    {"latency", IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
-    {"latency_type", IfPresent, &InterfaceVisitor::read_latency_type},
-    {"waitrequest", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest>},
-    {"waitrequest_allowance", IfPresent,
+    {"name", InGlobalMem | InChannels, Always, &InterfaceVisitor::read_name},
+    {"port", InChannels, Always, &InterfaceVisitor::read_ports},
+    {"type", InGlobalMem | InChannels, Always, &InterfaceVisitor::read_type},
+    {"width", InGlobalMem | InChannels, IfPresent, &InterfaceVisitor::read_width},
+    {"maxburst", 0, IfPresent, &InterfaceVisitor::read_maxburst},
+    {"address", InGlobalMem, IfPresent, &InterfaceVisitor::read_address},
+    {"size", InGlobalMem, IfPresent, &InterfaceVisitor::read_size},
+    {"chan_id", InChannels, IfPresent, &InterfaceVisitor::read_plain<&Interface::chan_id>},
+    {"enable", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::enable>},
+    {"clock", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::clock>},
+    {"misc", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::misc>},
+    {"latency", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
+    {"latency_type", 0, IfPresent, &InterfaceVisitor::read_latency_type},
+    {"waitrequest", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest>},
+    {"waitrequest_allowance", 0, IfPresent,
      &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest_allowance>},
-    {"bsp_vnmm_write_ack", IfPresent, &InterfaceVisitor::read_write_ack},
-    {"addpipe", IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::addpipe>},
-    {"sampling_rate", IfPresent, &InterfaceVisitor::read_sampling_rate},
+    {"bsp_vnmm_write_ack", 0, IfPresent, &InterfaceVisitor::read_write_ack},
+    {"addpipe", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::addpipe>},
+    {"sampling_rate", 0, IfPresent, &InterfaceVisitor::read_sampling_rate},
 };
 
-InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent) : BaseVisitor(parent) {}
+InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent, Place place)
+    : BaseVisitor(parent), m_place(place) {}
 
 Interface* InterfaceVisitor::release_intf() { return m_intf.release(); }
 
 bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
-    BaseVisitor::VisitEnter(elem, first_attribute);
-    if (is_root_of_walk()) {
-        return visit_vnl_interface_elem(elem);
+    if (depth() == 0) {
+        const FoundAttributes attributes(elem, ATTRIBUTES);
+        // What the place requires comes first: without it, the element is not even entered.
+        return report_missing_attrs(elem, attributes)
+               && BaseVisitor::VisitEnter(elem, first_attribute)
+               && visit_vnl_interface_elem(elem, attributes);
     }
+    BaseVisitor::VisitEnter(elem, first_attribute);
     if (current_name() == "port") {
         return false;  // the PortVisitor has read it
     }
     return report_unexpected_elem(elem, "");
 }
 
-bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
-    const XMLAttribute* found[std::size(ATTRIBUTES)];
-    if (!(report_unexpected_elem_stack(elem, 0) && find_attributes(elem, ATTRIBUTES, found))) {
-        return !m_has_error;
+bool InterfaceVisitor::report_missing_attrs(const XMLElement& elem,
+                                            const FoundAttributes& attributes) {
+    for (std::size_t i = 0; i < NUM_ATTRIBUTES; ++i) {
+        if ((ATTRIBUTES[i].required_in & m_place) != 0 && !attributes.has(i)) {
+            return report_missing_attr(elem, ATTRIBUTES[i].name, "");
+        }
+    }
+    return true;
+}
+
+bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem,
+                                                const FoundAttributes& attributes) {
+    if (!report_unexpected_attrs(elem, attributes)) {
+        return false;
     }
     m_intf = std::make_unique<Interface>();
-    for (std::size_t i = 0; i < std::size(ATTRIBUTES); ++i) {
+    for (std::size_t i = 0; i < NUM_ATTRIBUTES; ++i) {
         const Attribute& attribute = ATTRIBUTES[i];
-        if ((found[i] != nullptr || attribute.presence == Always)
-            && !(this->*attribute.read)(elem, {attribute.name, found[i]})) {
+        if ((attribute.presence == Always || attributes.has(i))
+            && !(this->*attribute.read)(elem, attributes[i])) {
             break;
         }
     }
@@ -73,9 +89,9 @@ bool InterfaceVisitor::read_name(const XMLElement& elem, const FoundAttribute& f
 }
 
 bool InterfaceVisitor::read_ports(const XMLElement& elem, const FoundAttribute& found) {
-    const char* port_name = nullptr;
-    if (query_attribute(elem, found, &port_name, REPORT, OPTIONAL)) {
-        m_intf->add_port(port_name, Port::ReadWrite);
+    auto port = std::make_unique<Port>();
+    if (query_attribute(elem, found, &port->name, REPORT, OPTIONAL)) {
+        m_intf->add_port(port.release());
     }
     if (elem.NoChildren() && !is_tracing()) {
         return !m_has_error;  // a walk could only be traced

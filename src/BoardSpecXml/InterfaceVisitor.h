@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "BaseVisitor.h"
@@ -8,10 +9,13 @@
 namespace vemo::board::xml {
 
 /// Reads one `interface` element, wherever it stands: its attributes, and its ports through a
-/// PortVisitor. Rules that depend on the place are the caller's.
+/// PortVisitor. Of the rules of its place, the caller has all but the required attributes.
 class InterfaceVisitor : public vemo::xml::BaseVisitor {
 public:
-    explicit InterfaceVisitor(BaseVisitor* parent);
+    /// Where an interface stands: the element around it. A set of bits.
+    enum Place : std::uint32_t { InGlobalMem = 1, InInterfaces = 2, InChannels = 4 };
+
+    InterfaceVisitor(BaseVisitor* parent, Place place);
 
     using BaseVisitor::VisitEnter;
     using BaseVisitor::VisitExit;
@@ -23,18 +27,25 @@ public:
     Interface* release_intf();
 
 private:
+    using FoundAttribute = vemo::xml::FoundAttribute;
     enum Presence { IfPresent, Always };
 
-    /// An attribute, and the member that reads it into the interface: only where the element has
-    /// it, or always.
+    /// An attribute, the places that require it, and the member that reads it into the interface:
+    /// only where the element has it, or always.
     struct Attribute {
         const char* name;
+        std::uint32_t required_in;
         Presence presence;
         bool (InterfaceVisitor::*read)(const XMLElement& elem, const FoundAttribute& found);
     };
-    static const Attribute ATTRIBUTES[18];
+    static constexpr std::size_t NUM_ATTRIBUTES = 18;
+    static const Attribute ATTRIBUTES[NUM_ATTRIBUTES];
+    using FoundAttributes = vemo::xml::FoundAttributes<Attribute, NUM_ATTRIBUTES>;
 
-    bool visit_vnl_interface_elem(const XMLElement& elem);
+    /// Reports the first attribute that the place requires and the element lacks.
+    bool report_missing_attrs(const XMLElement& elem, const FoundAttributes& attributes);
+
+    bool visit_vnl_interface_elem(const XMLElement& elem, const FoundAttributes& attributes);
 
     // The readers of ATTRIBUTES. Each returns whether no error has been reported.
 
@@ -59,6 +70,7 @@ private:
         return query_attribute(elem, found, &(m_intf->edit_details().*Field), REPORT, REQUIRED);
     }
 
+    Place m_place;
     std::unique_ptr<Interface> m_intf;  // until released
 };
 

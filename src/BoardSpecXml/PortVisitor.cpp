@@ -10,6 +10,12 @@
 #include "WordTable.h"
 
 namespace vemo::board::xml {
+namespace {
+
+constexpr const char* PORT_ATTRIBUTES[] = {"name", "direction", "attribute_width",
+                                           "hazard_free_attributes"};
+
+}  // namespace
 
 PortVisitor::PortVisitor(BaseVisitor* parent, Interface* intf) : BaseVisitor(parent), m_intf(intf) {
     VEMO_ASSERT(intf != NULL);
@@ -31,13 +37,13 @@ bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_a
 }
 
 bool PortVisitor::visit_port_elem(const XMLElement& elem) {
+    const vemo::xml::FoundAttributes attributes(elem, PORT_ATTRIBUTES);
     auto port = std::make_unique<Port>();
     const char* direction_word = nullptr;
     if (!(report_unexpected_elem_stack(elem, 1, "interface")
-          && report_unexpected_attrs(elem, 4, "name", "direction", "attribute_width",
-                                     "hazard_free_attributes")
-          && query_attribute(elem, "name", &port->name, REPORT, REQUIRED)
-          && query_attribute(elem, "direction", &direction_word, REPORT, REQUIRED))) {
+          && report_unexpected_attrs(elem, attributes)
+          && query_attribute(elem, attributes["name"], &port->name, REPORT, REQUIRED)
+          && query_attribute(elem, attributes["direction"], &direction_word, REPORT, REQUIRED))) {
         return !m_has_error;
     }
     const std::size_t direction = index_of_word(DIRECTION_WORDS, direction_word);
@@ -49,7 +55,8 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
     port->direction = static_cast<Port::Direction>(direction);
 
     const char* hazard_free_word = nullptr;
-    if (query_attribute(elem, "hazard_free_attributes", &hazard_free_word, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, attributes["hazard_free_attributes"], &hazard_free_word, REPORT,
+                        OPTIONAL)) {
         const std::string_view hazard_free = hazard_free_word;
         const bool is_true = hazard_free == "true" || hazard_free == "1";
         if (!is_true && hazard_free != "false" && hazard_free != "0") {
@@ -59,7 +66,8 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
         port->hazard_free_attributes = is_true;
     }
     // Without a width, the `attribute` children are passed over unread.
-    if (query_attribute(elem, "attribute_width", &port->attribute_width, REPORT, OPTIONAL)) {
+    if (query_attribute(elem, attributes["attribute_width"], &port->attribute_width, REPORT,
+                        OPTIONAL)) {
         if (port->hazard_free_attributes) {
             return report_attr_error(elem, "attribute_width",
                                      "Cannot specify additional attributes without specifying "
