@@ -81,9 +81,8 @@ TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
 
 TEST(Interface, TakesPorts) {
     Interface intf;
-    EXPECT_EQ(
-        fields(intf.get_type(), intf.get_size(), intf.latency, intf.get_num_ports()),
-        "<unknown>(5)|0|240|0|");
+    EXPECT_EQ(fields(intf.get_type(), intf.get_size(), intf.latency, intf.get_num_ports()),
+              "<unknown>(5)|0|240|0|");
     intf.add_port("both", Port::ReadWrite);
     intf.add_port("in", Port::Read);
     EXPECT_FALSE(intf.has_separate_rw_ports());

@@ -55,7 +55,8 @@ std::string memory_table(const board::BoardSpec& spec) {
         std::ostringstream max_bandwidth;
         max_bandwidth << memory->get_max_bandwidth();
         const unsigned num_intfs = memory->get_num_intfs();
-        table.add_row({memory_name_text(*memory), std::string(board::xml::MEMORY_TYPE_WORDS[memory->get_type()]),
+        table.add_row({memory_name_text(*memory),
+                       std::string(board::xml::MEMORY_TYPE_WORDS[memory->get_type()]),
                        max_bandwidth.str(),
                        num_intfs == 1 ? "none"
                                       : size_text(memory->get_num_interleaved_bytes()) + " x "

@@ -11,8 +11,8 @@ namespace {
 
 // Two general settings, then the reference board platforms.
 constexpr std::string_view PLATFORM_TYPES[] = {"none",     "auto",     "pb_net", "dbsoc",
-                                          "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
-                                          "tsk_pcie", "ocsoc",    "pc_ref"};
+                                               "obsoc",    "rcfx_7.x", "oc_ref", "tsk_jtag",
+                                               "tsk_pcie", "ocsoc",    "pc_ref"};
 
 constexpr std::string_view FALSE_WORDS[] = {"false", "0"};
 constexpr std::string_view TRUE_WORDS[] = {"", "true", "1"};

@@ -11,11 +11,12 @@ namespace vemo::board::xml {
 
 // How board files write enumerators. Each table is indexed by its enumeration.
 
-constexpr std::string_view MEMORY_TYPE_WORDS[] = {"shared virtual", "shared physical", "device private"};
+constexpr std::string_view MEMORY_TYPE_WORDS[] = {"shared virtual", "shared physical",
+                                                  "device private"};
 static_assert(std::size(MEMORY_TYPE_WORDS) == GlobalMemConfig::TypeCount);
 
 constexpr std::string_view INTERFACE_TYPE_WORDS[] = {"slave", "master", "irq", "streamsource",
-                                                "streamsink"};
+                                                     "streamsink"};
 static_assert(std::size(INTERFACE_TYPE_WORDS) == Interface::TypeCount);
 
 constexpr std::string_view DIRECTION_WORDS[] = {"rw", "r", "w"};
