@@ -44,6 +44,12 @@ install_build_packages() {
     install_packages g++ cmake make libtinyxml2-dev nlohmann-json3-dev libcli11-dev "$@"
 }
 
+# What the tests need as well.
+install_test_packages() {
+    install_build_packages libgtest-dev python3 libxml2-utils mandoc bash-completion zsh fish vim \
+        pkgconf "$@"
+}
+
 # build PRESET [TARGET...]: brings build/PRESET up to date, quietly when it is.
 build() {
     local preset=$1 targets=("${@:2}")

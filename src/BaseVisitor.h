@@ -58,7 +58,7 @@ public:
         if (m_debug) {
             trace("entering");
         }
-        return !m_has_error;
+        return true;
     }
 
     bool VisitExit(const XMLElement& elem) override {
@@ -71,7 +71,7 @@ public:
             trace("exiting");
         }
         m_elem_stack.pop();
-        return !m_has_error;
+        return true;
     }
 
     bool Visit(const tinyxml2::XMLDeclaration& declaration) override;

@@ -37,9 +37,9 @@ void CompactString::assign(std::string_view text) {
         std::copy(text.begin(), text.end(), m_bytes);
         return;
     }
-    char* heap_text = new char[text.size() + 1];
-    *std::copy(text.begin(), text.end(), heap_text) = '\0';
-    std::memcpy(m_bytes, &heap_text, sizeof heap_text);
+    char* copy = new char[text.size() + 1];
+    *std::copy(text.begin(), text.end(), copy) = '\0';
+    std::memcpy(m_bytes, &copy, sizeof copy);
     m_bytes[LAST_BYTE] = ON_HEAP;
 }
 

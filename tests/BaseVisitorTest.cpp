@@ -179,6 +179,9 @@ TEST(BaseVisitor, WordsReports) {
 
     EXPECT_TRUE(p.report_warning("w") && p.report_warning(""));
     EXPECT_EQ(at.sink.log, "~Warning in 'b.xml':\nw\n~Warning in 'b.xml':\n");
+    Probe mute(nullptr, Probe::walk_on, true);
+    EXPECT_TRUE(mute.report_warning("w") && mute.VisitEnter(at.doc));
+    EXPECT_FALSE(mute.report_error(e, "m") || mute.report_error("m"));
 }
 
 /// What a query of the attribute `v` gives, or reports.

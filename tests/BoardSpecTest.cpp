@@ -81,9 +81,8 @@ TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
 
 TEST(Interface, TakesPorts) {
     Interface intf;
-    EXPECT_EQ(
-        fields(intf.get_type(), intf.get_size(), intf.latency, intf.get_num_ports()),
-        "<unknown>(5)|0|240|0|");
+    EXPECT_EQ(fields(intf.get_type(), intf.get_size(), intf.latency, intf.get_num_ports()),
+              "<unknown>(5)|0|240|0|");
     intf.add_port("both", Port::ReadWrite);
     intf.add_port("in", Port::Read);
     EXPECT_FALSE(intf.has_separate_rw_ports());
@@ -117,9 +116,11 @@ TEST(Port, KeepsAttributesThatFit) {
 
 TEST(BoardSpecDump, WritesWhatNoFileGives) {
     const auto odd_type = static_cast<Interface::Type>(-1);
-    EXPECT_EQ(fields(BoardSpec::Version{0.0f}, odd_type, InterfaceConfig(), DeviceConfig()),
-              "<unknown>(0)|<unknown>(-1)|Interface configuration:\n  Kernel clock-reset: <null>|"
-              "Device configuration:\n  Device model file: \n  Used resources: <null>|");
+    EXPECT_EQ(
+        fields(BoardSpec::Version{0.0f}, BoardSpec::Version{17.0625f}, odd_type, InterfaceConfig(),
+               DeviceConfig()),
+        "<unknown>(0)|17.0625|<unknown>(-1)|Interface configuration:\n  Kernel clock-reset: <null>|"
+        "Device configuration:\n  Device model file: \n  Used resources: <null>|");
     std::ostringstream text;
     text << HostConfig() << " " << 26;
     EXPECT_EQ(text.str(),

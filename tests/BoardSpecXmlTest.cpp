@@ -69,7 +69,6 @@ TEST(BoardSpecXml, ChecksSections) {
 <host>...</board> => </board> => Missing host configuration (<host>) in board specification.
 <interfaces>...</board> => </board> => Missing interface configuration (<interfaces>) in board specification.
 <compile...</board> => </board> => Missing compile configuration (<compile>) in board specification.
-<channels>...</channels> =>  => loaded
 "0x2000" => "0x1fff" => loaded
  version="17.1" name="acme" =>  => 1: Expected attribute 'version' on element 'board'.
 <board...</board> => <!-- --> => Missing device configuration (<device>) in board specification.
@@ -124,12 +123,8 @@ TEST(BoardSpecXml, ChecksFlows) {
  platform_type="auto" =>  => 22: Expected attribute 'platform_type' on element 'auto_migrate'. + 22: Board auto migration platform_type is invalid
  platform_type="auto" =>  platform_type="auto" x="" => 22: Unexpected attribute 'x'. + 22: Board auto migration platform_type is invalid
 <include => <x fixes=""/><include => 22: Unexpected element 'x'.
-<include => <include fixes=""/><include => loaded
-pb_net => none || dbsoc || obsoc || rcfx_7.x || oc_ref || tsk_jtag || tsk_pcie || ocsoc || pc_ref => loaded
 )");
     expect_loads(BOARD_14, R"(
- name="zeta" =>  => loaded
-<generate...</auto_migrate> =>  => loaded
 <generate => <generate cmd="gen0"/><generate => loaded
 <include => <synthesize/><include => 22: Unexpected element 'synthesize'.
 <include fixes="in1"/> || <exclude fixes="ex1"/> =>  => 22: Expected element <auto_migrate> to appear exactly once.
@@ -143,6 +138,8 @@ pb_net => none || dbsoc || obsoc || rcfx_7.x || oc_ref || tsk_jtag || tsk_pcie |
         load(edit(edit(BOARD, "17.1", "14.1"), "<auto_migrate platform_type=\"pb_net\"/>", ""));
     EXPECT_EQ(unnamed->get_compile_config_names(), split("default default", " "));
     EXPECT_EQ(flow(*unnamed, "default"), "default|top2|rev2|sys2.lomb|0|gen2|0|syn2|1||||");
+    const auto named = load(edit(BOARD, "17.1", "17.0"));
+    EXPECT_EQ(named->get_compile_config_names(), split("zeta alpha", " "));
     const auto old = load(edit(BOARD_09, "0.9", "0.90"));
     EXPECT_EQ(old->get_string_of_board_compile_config_names(), "default");
     EXPECT_EQ(flow(*old, "default"),
@@ -157,16 +154,16 @@ TEST(BoardSpecXml, ChecksGlobalMemories) {
  name="DDR" => \ndefault="1" name="DDR" => 6: Unexpected attribute 'default'.
  max_bandwidth="0" =>  => 10: Expected attribute 'max_bandwidth' on element 'global_mem'. + 10: All global memories must have a name when there are more than 1 global memories.
  max_bandwidth="100.5" => \nmax_bandwidth="-1" => 6: Max global memory bandwidth must be non-negative.
-shared physical => shared virtual || device private => loaded
  type="shared physical" => \ntype="Shared Physical" => 6: Unrecognized type 'Shared Physical'.
  name="QDR" =>  => 10: All global memories must have a name when there are more than 1 global memories.
 <interface name="q"...size="0x800"/> => <interface/> => 11: Expected attribute 'name' on element 'interface'.
 <interface name="q"...size="0x800"/> => <interface name=""/> => 11: Expected attribute 'type' on element 'interface'.
 <interface name="q"...size="0x800"/> => <interface name="" type=""/> => 11: Expected attribute 'width' on element 'interface'.
 <interface name="q"...size="0x800"/> => <interface name="" type="" width=""/> => 11: Expected attribute 'address' on element 'interface'.
+<interface name="q"...size="0x800"/> => <interface size="1" address="0x3000" width="8" port="" type="slave" name=""/> => loaded
 <interface name="q"...size="0x800"/> =>  => 10: At least one global memory interface must be defined.
 "slave" width="64" => "master" width="64" => 11: Global memory interface must be a slave.
-"512" address="0x1000" => "256" maxburst="8" address="0x1000" => 5: All global memory interfaces must have the same data width.
+"512" address="0x1000" => "256" maxburst="8" address="0x1000" || "1024" address="0x1000" => 5: All global memory interfaces must have the same data width.
 "512" address="0x1000" => "512" maxburst="8" address="0x1000" => 5: All global memory interfaces must have the same max burst count.
 </global_mem> => <port><x/></port></global_mem> => loaded
 <interface name="q" => <global_mem name="N" max_bandwidth="1"/><interface name="q" => 11: At least one global memory interface must be defined.
@@ -181,15 +178,14 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
 <kernel_clk_reset...</interfaces> => </interfaces> => Missing kernel clock-reset interface (<kernel_clk_reset>).
  clk="k1"...reset="k3" =>  => 19: Expected attribute 'clk' on element 'kernel_clk_reset'.
  port="irq_p" type="irq"/> =>  type="irq"><port name="p" direction="rw"/></interface> => 18: Unexpected element 'port'.
-<channels>...</channels> => <channels/> => loaded
 <interface name="net"...chan_id="eth_in"/> => <interface/> => 14: Expected attribute 'name' on element 'interface'.
 <interface name="net"...chan_id="eth_in"/> => <interface name=""/> => 14: Expected attribute 'port' on element 'interface'.
 <interface name="net"...chan_id="eth_in"/> => <interface name="" port=""/> => 14: Expected attribute 'type' on element 'interface'.
 <interface name="net"...chan_id="eth_in"/> => <interface name="" port="" type=""/> => 14: Expected attribute 'width' on element 'interface'.
 "streamsource" => "slave" => 14: Channel interface must be a stream.
 "eth_in" => "" => 13: Empty channel ID name.
+<channels> => <channels><interface name="" port="" type="streamsink" width="1" chan_id="eth_in"/><interface name="" port="" type="streamsink" width="1" chan_id=""/> => 13: Empty channel ID name.
 "eth_in" => "eth_out" => 13: Two or more channels share the same channel ID.
-"eth_in" => "ETH_OUT" => loaded
 "eth_in"/> => "eth_in"><port name="p" direction="r"/></interface> => 14: Unexpected element 'port'.
 )");
     expect_loads(BOARD, fill(R"(
@@ -198,7 +194,6 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
  maxburst="8" => \nmaxburst="0" => 18: Max burst count must be > 0.
  size="0x100002000" => \nsize="0" => 18: Interface size must be > 0.
  latency_type="fixed" => \nlatency_type="Fixed" => 18: Unrecognized latency type in Varnel interface 'Fixed'.
-"fixed" => "average" => loaded
  sampling_rate="2.5" => \nsampling_rate="0" || \nsampling_rate="-1" => 18: Interface sampling rate must be > 0.
  name="done" port => \nport => 18: Expected attribute 'name' on element 'interface'. + 19: NO_PORT
  name="done" port="irq_p" =>  => 18: Expected attribute 'name' on element 'interface'. + 18: NO_PORT
@@ -206,7 +201,6 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
 "irq"/> => "irq"><interface><port/></interface></interface> => 18: Unexpected element 'port'.
  name="d0_r" =>  => 7: Expected attribute 'name' on element 'port'. + 6: NO_PORT
  direction="w" => \ndirection="write" => 9: Unrecognized direction in interface port 'write'.
- direction="w" =>  direction="rw" => loaded
 "false" attribute_width => "0" attribute_width => loaded
  hazard_free_attributes="false" => \nhazard_free_attributes="no" => 9: hazard_free_attributes should be a boolean (true or false).
 "false" attribute_width => "1"\nattribute_width || "true"\nattribute_width => 9: Cannot specify additional attributes without specifying hazard_free_attributes=false

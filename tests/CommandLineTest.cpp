@@ -130,11 +130,3 @@ TEST_F(CommandLine, TellsOutputThatCannotBeWritten) {
 )");
     }
 }
-
-TEST_F(CommandLine, AnswersForExamples) {
-    expect_outputs("cd " VEMO_EXAMPLES "; export VEMOSDKROOT=sdk; $TOOL ", R"(
-teasel/board_spec.xml resolved_devicemodel => teasel/pb3180.xml[0]
-sedge/board_spec.xml resolved_targetmodel => sdk/share/models/tm/peltraa.xml[0]
-marl/board_spec.xml resolved_devicemodel => sdk/share/models/dm/oc1800.xml[0]
-)");
-}

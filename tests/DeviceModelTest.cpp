@@ -18,6 +18,7 @@ TEST(DeviceModel, StartsEmptyAndReplacesResources) {
     EXPECT_FALSE(dm.has_resources());
     dm.set_resources(new DeviceResources);
     dm.set_resources(new DeviceResources(DeviceResourcesFP{5, 0, 0, 0, 0}));
+    dm.set_resources(&dm.get_resources());
     EXPECT_EQ(dump(dm),
               "Device model (v<unknown>(1)):\n  Target Model: \n"
               "  Resources: LEs = 5  FFs = 0  RAMs = 0  DSPs = 0  MLABs = 0\n"

@@ -6,6 +6,7 @@
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage.h"
+#include "BoardSpec/Dump.h"
 #include "FilePath.h"
 #include "Testing.h"
 #include "Xml.h"
@@ -95,6 +96,29 @@ TEST_F(Dump, ShortensNamesThatStandInManyRows) {
     EXPECT_EQ(tables.find('\xc3'), std::string::npos);
 }
 
+TEST_F(Dump, TellsModelsInText) {
+    dir.write("board_spec.xml", edit(edit(BOARD, "\"0x800\"", "\"0xffffe000\""), "QDR", "QDRé"));
+    const vemo::BoardPackage package = load();
+    const vemo::AnswerSources& sources = package.sources();
+    const vemo::tmodel::TargetModel& tm = *sources.tm;
+    const auto parts = split(vemo::dump::text_dump(sources), "\n\n");
+    EXPECT_EQ(parts[0],
+              dump(*sources.spec) + "\n" + dump(*sources.spec->get_global_mem_configs()[1]));
+    EXPECT_EQ(parts[1], dump(*sources.dm));
+    EXPECT_EQ(parts[2], dump(tm) + dump(tm.get_global_interconnect_model()) + "\n"
+                            + dump(tm.get_delay_model()) + "\n" + dump(tm.get_family_model()));
+    EXPECT_EQ(split(parts[3], "\n")[0], "Default compile flow: zeta");
+    const auto alpha = split(parts[4], "\n");
+    EXPECT_EQ(fields(alpha[0], alpha[3], alpha[8], alpha[11]),
+              "Compile flow: alpha|  lomb_file                   sys2.lomb|  automigrate_include|"
+              "  synthesize_additional_args  1|");
+    EXPECT_EQ(parts[6], R"(Address map:
+      0x00000000-0x00000fff   4 KiB  DDR   d0.d0_r/d0_w
+      0x00001000-0x00001fff   4 KiB  DDR   d1.d1_p
+      0x00002000-0xffffffff  ~4 GiB  QDRé  q.q_p
+)");
+}
+
 TEST_F(Dump, AssignsEveryByteOfHostileValues) {
     dir.write("board_spec.xml", hostile_board());
     dir.write("eval", R"(text=$($1 --format=sh board_spec.xml) && eval "$text" || exit
@@ -150,6 +174,9 @@ TEST_F(Dump, TellsModelsInJson) {
         {"/board/global_mem/0/type", R"("shared physical")"},
         {"/device_model/fmax", R"({"expected":240.5,"high":180.0,"min":150.0})"},
         {"/target_model/family", R"("peltrab")"},
+        {"/target_model/family_info",
+         R"({"alm_rom_name":"AR","bits_per_alm":81,"block_ram_name":"BR","lut_inputs":82,)"
+         R"("mux_inputs":83,"preferred_dsp_dot_size":84})"},
     };
     for (const auto& [path, expected] : parts) {
         EXPECT_EQ(whole.at(nlohmann::json::json_pointer(path)).dump(), expected);
@@ -162,10 +189,19 @@ TEST_F(Dump, TellsModelsInJson) {
     EXPECT_EQ(fields(other["flows"].size(), other["flows"][0]["project"],
                      other["board"]["compile_names"], other["target_model"]["global_interconnect"]),
               R"(1|"top1"|["default","default"]|null|)");
+    EXPECT_EQ(vemo::dump::text_dump(load().sources()).find("Interconnect"), std::string::npos);
 }
 
 TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
     dir.write("board_spec.xml", edit(BOARD, "\"0x2000\"", "\"0x1800\""));
+    dir.write("outer.xml", edit(edit(BOARD, "<global_mem",
+                                     "<global_mem name=\"O\" max_bandwidth=\"1\"><global_mem"),
+                                "</global_mem>\n<host", "</global_mem></global_mem>\n<host"));
+    EXPECT_EQ(run("$dump --allow-overlap board_spec.xml"), 0);
+    EXPECT_NE(dir.read("out").find("not a valid board"), std::string::npos);
+    EXPECT_EQ(run("$dump --version && $dump --help"), 0);
+    EXPECT_EQ(dir.read("out").find("vemo-boardspec-dump "), 0u);
+    EXPECT_NE(dir.read("out").find("Exit status: 0, or 1"), std::string::npos);
     const std::pair<const char*, std::string> cases[] = {
         {"$dump none.xml", "XML error: XML_ERROR_FILE_NOT_FOUND"},
         {"$dump board_spec.xml",
@@ -173,14 +209,19 @@ TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
          "file: board_spec.xml\nMake sure the Board Package is compatible"},
         {"$dump --allow-overlap board_spec.xml >/dev/full",
          "vemo-boardspec-dump: cannot write to standard output: "},
+        {"$dump outer.xml", "Error: Global memory 'O' has no interface.\n"},
+        {"$dump --version >/dev/full", "vemo-boardspec-dump: cannot write to standard output: "},
         {"$dump", "Error: "},
         {"$dump --format=xml board_spec.xml", "Error: "},
+        {"mkdir p; mv *.xml p; echo '<x/>' >p/tm.xml; $dump --allow-overlap p/board_spec.xml",
+         "Error in 'p/tm.xml', line 1\nUnexpected element 'x'.\nError: Failed to load xml file: t"},
+        {"echo '<x/>' >p/dev.xml; $dump --allow-overlap p/board_spec.xml",
+         "Error in 'p/dev.xml', line 1\nUnexpected element 'x'.\nError: Failed to load xml file: "
+         "d"},
     };
     for (const auto& [command, error] : cases) {
         EXPECT_EQ(run(command), 1) << command;
         EXPECT_EQ(dir.read("out"), "") << command;
         EXPECT_EQ(dir.read("err").substr(0, error.size()), error) << command;
     }
-    EXPECT_EQ(run("$dump --allow-overlap board_spec.xml"), 0);
-    EXPECT_NE(dir.read("out").find("not a valid board"), std::string::npos);
 }

@@ -41,12 +41,9 @@ TEST(TargetModelXml, ReportsErrors) {
  file="style_a.xml" => \nfile="" => 3: Target Style Model file is empty.
 <style_model...style_b.xml"/> =>  => At least one Target Style Model file (<style_model>) must be given.
 <local_mem>...</delay_model> =>  => Missing local memory model (<local_mem>) in target model.
-<global_interconnect>...</global_interconnect> =>  => loaded
 <delay_model>...</family_info> =>  => Missing delay model (<delay_model>) in target model.
 <family_info>...</family_info> =>  => Missing family model (<family_info>) in target model.
 <fmax_degradation>...</fmax_degradation> =>  => 3: Missing fmax degradation <fmax_degradation> model for local memory.
-"71" => "0" => loaded
-"BR" => "" => loaded
 <target_model...</target_model> => <!-- --> => At least one Target Style Model file (<style_model>) must be given.
 )",
                                           false);
