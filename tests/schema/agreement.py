@@ -58,34 +58,12 @@ CODE = '<attribute name="a" encoding="3"/>'
 CODED = BOARD.replace(PORT, '<port name="p" direction="w" hazard_free_attributes="0"'
                             f' attribute_width="2">{CODE}</port>')
 
-DEVICE = """<device_model version="0.9" target_model="target_model.xml">
-<fmax expected="240" min="150" high="175"/>
-<resources><alms num="1"/><ffs num="2"/><dsps num="3"/><rams num="4"/></resources>
-</device_model>
-"""
-
-TARGET = """<target_model version="0.9" family="peltraa">
-<style_model file="s.xml"/>
-<local_mem>
-<single_port_mem_block_width value="40"/><single_port_mem_block_depth value="512"/>
-<dual_port_mem_block_width value="20"/><dual_port_mem_block_depth value="1024"/>
-<bursting_lsu_cache_size_n value="9"/>
-<single_port_mem_block_supports_rdw_mode_old_data value="1"/>
-<dual_port_mem_block_supports_rdw_mode_old_data value="0"/>
-<fmax_degradation><group_per_all_rams value="1"/><total_per_all_rams value="2"/>
-<per_coalescing_width value="3"/><per_log2_num_banks value="4"/><per_port_fanin value="2.5"/>
-</fmax_degradation>
-</local_mem>
-<global_interconnect><arb2_data_pipe_spacing value="4"/><arb2_data_pipe_min_depth value="2"/>
-<arb2_stall_pipe_spacing value="8"/><arb2_stall_pipe_min_depth value="3"/>
-<arb2_pipe_at_output value="1"/><arb2_test_add_latency value="0"/>
-</global_interconnect>
-<delay_model><alm_delay_ps value="310"/><routing_delay_ps value="640"/></delay_model>
-<family_info><bits_per_alm value="64"/><lut_inputs value="6"/><mux_inputs value="4"/>
-<preferred_dsp_dot_size value="2"/><block_ram_name value="M"/><alm_rom_name value=""/>
-</family_info>
-</target_model>
-"""
+# The model files are those of the other tests.
+OTHERS = (ROOT / "tests/Xml.cpp").read_text(encoding="utf-8")
+DEVICE, TARGET = (re.search(rf'(?s){name} = R"\((.*?)\)"', OTHERS).group(1)
+                  for name in ("DEVICE_MODEL", "TARGET_MODEL"))
+DEVICE = re.sub('num="2', 'num="', DEVICE.replace("tm.xml", "target_model.xml"))
+TARGET = TARGET.replace('<style_model file="style_b.xml"/>', "")
 
 # ---- Verdicts ------------------------------------------------------------------------------------
 
@@ -206,11 +184,11 @@ for document in DEVICE, TARGET:
 for document, version in ((BOARD, "17.1"), (BOARD_14, "14.1"), (BOARD_09, "0.9"), (DEVICE, "0.9"),
                           (TARGET, "0.9")):
     case(BAD, document, f' version="{version}"', "")
-for attribute in 'expected="240"', 'min="150"', 'high="175"':
+for attribute in 'expected="240.5"', 'min="150"', 'high="180"':
     cases(DEVICE, attribute, re.sub('".*"', '"%s"', attribute), **ABOVE_ZERO)
-cases(DEVICE, '"240"', '"%s"', bad=["nan"])  # reported, unlike the others
-cases(TARGET, '"peltraa"', '"%s"',
-      ok=["peltrab", "peltrac", "osminb", "osminc", "duvelb", "duvelclx"],
+cases(DEVICE, '"240.5"', '"%s"', bad=["nan"])  # reported, unlike the others
+cases(TARGET, '"peltrab"', '"%s"',
+      ok=["peltraa", "peltrac", "osminb", "osminc", "duvelb", "duvelclx"],
       bad=["", "Peltraa", "peltraa ", "peltrad"])
 for rule, *names in (
         (POSITIVE, "single_port_mem_block_width", "single_port_mem_block_depth",
@@ -351,10 +329,11 @@ cases(BOARD, CHANNEL, ok=["", CHANNEL + CHANNEL.replace("c0", "C0")],
 
 # Model files.
 cases(DEVICE, ' target_model="target_model.xml"', bad=["", ' target_model=""'])
-cases(DEVICE, ' high="175"', ok=[""], bad=[' high="175" x=""'])
-cases(DEVICE, '<fmax expected="240" min="150"', bad=["<fmax expected='1'", "<fmax min='1'"])
-cases(TARGET, ' family="peltraa"', bad=["", ' family="peltraa" x=""'])
-cases(TARGET, '<style_model file="s.xml"/>', ok=['<style_model file="s.xml"/>' * 2],
+cases(DEVICE, ' high="180"', ok=[""], bad=[' high="180" x=""'])
+cases(DEVICE, '<fmax expected="240.5" min="150"', bad=["<fmax expected='1'", "<fmax min='1'"])
+cases(TARGET, ' family="peltrab"', bad=["", ' family="peltrab" x=""'])
+STYLE = '<style_model file="style_a.xml"/>'
+cases(TARGET, STYLE, ok=[STYLE * 2],
       bad=["", "<style_model/>", '<style_model file=""/>', '<style_model file="s" x=""/>'])
 
 # Where <?xml-model?> may stand.
