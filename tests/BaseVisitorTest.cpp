@@ -124,9 +124,9 @@ TEST(BaseVisitor, ChecksPosition) {
     EXPECT_TRUE(at.p.check_element_stack(1, "a") && !at.p.check_element_stack(1, "A"));
     EXPECT_FALSE(at.p.check_element_stack(0) || at.p.check_element_stack(2, "a", "x"));
     EXPECT_TRUE(at.p.check_element_stack_with_top(2, "a", "x"));
-    EXPECT_FALSE(at.p.check_element_stack_with_top(2, "a", "c"));
-    EXPECT_FALSE(at.p.check_element_stack_with_top(2, "c", nullptr));  // which it does not come to
-    EXPECT_FALSE(at.p.check_element_stack_with_top(1, "a"));
+    EXPECT_FALSE(at.p.check_element_stack_with_top(2, "a", "c")
+                 || at.p.check_element_stack_with_top(2, "c", nullptr)  // to which it does not come
+                 || at.p.check_element_stack_with_top(1, "a"));
     EXPECT_TRUE(Probe(nullptr).check_element_stack_with_top(0));
 }
 
@@ -151,14 +151,12 @@ TEST(BaseVisitor, WordsReports) {
     EXPECT_EQ(said(p.report_unexpected_elem_count_error(e, 0, 0)), unexpected);
     EXPECT_EQ(said(p.report_unexpected_elem_count_error(e, 1, 1)), appear + "exactly once.\n");
     EXPECT_EQ(said(p.report_unexpected_elem_count_error(e, 0, 1)), appear + "0-1 times.\n");
-    EXPECT_EQ(said(p.report_unexpected_elem_count(e, 1, 3, 2, "a", "x")), "");
-    EXPECT_EQ(said(p.report_unexpected_elem_count(e, 0, 1, 2, "a", "x")), "");
+    EXPECT_EQ(said(p.report_unexpected_elem_count(e, 1, 1, 2, "a", "x")), "");
     EXPECT_EQ(said(p.report_unexpected_elem_count(e, 1, 3, 1, "x")), appear + "1-3 times.\n");
     EXPECT_EQ(said(p.report_unexpected_elem_count(e, 0, 0, 2, "a", "x")), unexpected);
     EXPECT_EQ(said(p.report_unexpected_elem_count(e, 1, 2, "a", "x")), "");
     EXPECT_EQ(said(p.report_unexpected_elem_count(e, 2, 1, "a")), appear + "exactly 2 times.\n");
-    EXPECT_EQ(said(p.report_unexpected_elem_stack_count(e, 0, 1)), "");
-    EXPECT_EQ(said(p.report_unexpected_elem_stack_count(e, 1, 3)), "");
+    EXPECT_EQ(said(p.report_unexpected_elem_stack_count(e, 1, 1)), "");
     EXPECT_EQ(said(p.report_unexpected_elem_stack_count(e, 2, 3)), appear + "2-3 times.\n");
     EXPECT_EQ(said(p.report_unexpected_elem_stack_count(e, 0, 0)), unexpected);
 
@@ -201,8 +199,7 @@ TEST(BaseVisitor, QueriesTypedAttributes) {
     EXPECT_EQ(query<unsigned>("010") + query<unsigned>("0x10"), "10|" + bad);
     EXPECT_EQ(query<int>("-7") + query<int>("x"), "-7|" + bad);
     EXPECT_EQ(query<float>("-1e3") + query<float>("x"), "-1000|" + bad);
-    EXPECT_EQ(query<bool>("true") + query<bool>("5") + query<bool>("0"), "1|1|0|");
-    EXPECT_EQ(query<bool>("yes"), bad);
+    EXPECT_EQ(query<bool>("5") + query<bool>("0") + query<bool>("yes"), "1|0|" + bad);
     EXPECT_EQ(query<int>("1", "q"), "|, line 2\nExpected attribute 'q' on element 'x'.\n");
     EXPECT_EQ(query<int>("x", "v", true, false), bad);
     EXPECT_EQ(query<int>("x", "v", false, true) + query<int>("1", "q", false, true), "");

@@ -88,12 +88,9 @@ Address map:
 
 TEST_F(Dump, ShortensNamesThatStandInManyRows) {
     const std::string beginning(63, 'n');
-    dir.write("board_spec.xml",
-              edit(BOARD, "name=\"QDR\"", "name=\"" + beginning + "\xc3\xa9nn\""));
-    const std::string tables =
-        edit(vemo::dump::text_dump(load().sources()), "...Global memories:\n", "");
-    EXPECT_EQ(split(tables, "  " + beginning + "...  ").size(), 3u) << tables;
-    EXPECT_EQ(tables.find('\xc3'), std::string::npos);
+    dir.write("board_spec.xml", edit(BOARD, "\"QDR", "\"" + beginning + "\xc3\xa9nn"));
+    const auto parts = split(vemo::dump::text_dump(load().sources()), "Global memories:\n");
+    EXPECT_EQ(split(parts.at(1), "  " + beginning + "...  ").size(), 3u) << parts.at(1);
 }
 
 TEST_F(Dump, TellsModelsInText) {
