@@ -125,7 +125,6 @@ TEST_F(CommandLine, TellsOutputThatCannotBeWritten) {
     for (const char* command : {"$TOOL board_spec.xml name", "$TOOL none.xml name", "$TOOL"}) {
         expect_outputs(command, R"(
  >/dev/full => [1]
- >&- => [1]
  2>&1 >/dev/full | cut -d: -f1,2 => vemo-boardspec: cannot write to standard output\n[0]
 )");
     }
