@@ -300,21 +300,14 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem,
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n, ...) {
+    std::vector<const char*> allowed(n);
     std::va_list names;
     va_start(names, n);
-    const bool no_error = report_attrs_unless(elem, [n, &names](const XMLAttribute& attribute) {
-        const char* name = attribute.Name();
-        std::va_list allowed;
-        va_copy(allowed, names);
-        bool is_allowed = false;
-        for (unsigned i = 0; i < n && !is_allowed; ++i) {
-            is_allowed = equal_names(name, va_arg(allowed, const char*));
-        }
-        va_end(allowed);
-        return is_allowed;
-    });
+    for (const char*& name : allowed) {
+        name = va_arg(names, const char*);
+    }
     va_end(names);
-    return no_error;
+    return report_unexpected_attrs(elem, n, allowed.data());
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,

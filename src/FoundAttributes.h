@@ -24,6 +24,7 @@ struct FoundAttribute {
 template <typename Row, std::size_t N>
 class FoundAttributes {
 public:
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): clearing m_attributes takes time
     FoundAttributes(const tinyxml2::XMLElement& elem, const Row (&table)[N]) : m_table(table) {
         // Files have attributes in much the same order as tables, so the search for one goes on
         // where the last one ended.
