@@ -88,8 +88,7 @@ for command, _ in programs("board_spec.xml"):
         found = result(command, f'LC_ALL={locale} LANG={locale} "$@"')
         check(f"{command} in {locale}", found, result(command, 'LC_ALL=C "$@"'))
     loaded = open(command[0], "rb").read().partition(b"GCC: (")[0]  # debug information is behind it
-    names_setlocale = b"setlocale" in loaded
-    check(f"{command} may set a locale", names_setlocale and not SANITIZED, False)
+    check(f"{command} may set a locale", b"setlocale" in loaded and not SANITIZED, False)
 
 # Memory that runs out, from what it takes to start to what it takes to answer. (A sanitizer
 # takes more than any limit.)
