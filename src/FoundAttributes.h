@@ -6,6 +6,8 @@
 
 #include <tinyxml2.h>
 
+#include "Assert.h"
+
 namespace vemo::xml {
 
 /// Whether two names are the same. Nothing is done more often in a run.
@@ -35,7 +37,7 @@ public:
             if (row < N) {
                 m_is_found |= bit(row);
                 m_attributes[row] = attribute;
-                row = row + 1 < N ? row + 1 : 0;
+                row = after(row);
             } else {
                 m_has_others = true;
                 row = 0;
@@ -45,6 +47,7 @@ public:
 
     /// The attribute of a row.
     FoundAttribute operator[](std::size_t row) const {
+        VEMO_ASSERT(row < N);
         return {name_of(m_table[row]), has(row) ? m_attributes[row] : nullptr};
     }
 
@@ -69,13 +72,16 @@ private:
 
     static constexpr std::uint32_t bit(std::size_t row) { return std::uint32_t{1} << row; }
 
+    /// The next row, the first one after the last.
+    static constexpr std::size_t after(std::size_t row) { return row + 1 < N ? row + 1 : 0; }
+
     /// Row of that name, the search beginning at `row`; N when there is none.
     std::size_t find(const char* name, std::size_t row) const {
         for (std::size_t tries = 0; tries < N; ++tries) {
             if (equal_names(name_of(m_table[row]), name)) {
                 return row;
             }
-            row = row + 1 < N ? row + 1 : 0;
+            row = after(row);
         }
         return N;
     }
