@@ -47,7 +47,7 @@ install_build_packages() {
 # What the tests need as well.
 install_test_packages() {
     install_build_packages libgtest-dev python3 libxml2-utils mandoc bash-completion zsh fish vim \
-        pkgconf "$@"
+        pkgconf jing trang "$@"
 }
 
 # build PRESET [TARGET...]: brings build/PRESET up to date, quietly when it is.
