@@ -6,7 +6,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "AnswerTable.h"
+#include "BoardPackage/AnswerTable.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "BoardText.h"
 

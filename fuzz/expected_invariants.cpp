@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "AnswerTable.h"
+#include "BoardPackage/AnswerTable.h"
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/FlowSources.h"
 #include "BoardDump/JsonDump.h"
@@ -17,7 +17,7 @@
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
-#include "FilePath.h"
+#include "Base/FilePath.h"
 #include "TargetModelXmlLoader.h"
 #include "expected_invariants.h"
 

@@ -2,7 +2,7 @@
 
 #include <fcntl.h>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::xml {
 namespace {

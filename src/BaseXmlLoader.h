@@ -7,22 +7,9 @@
 
 #include <tinyxml2.h>
 
+#include "BaseVisitor/VisitorCallbacks.h"
+
 namespace vemo::xml {
-
-/// What a walk over a document talks to: the sink of its diagnostics.
-class VisitorCallbacks {
-public:
-    virtual ~VisitorCallbacks() = default;
-
-    /// Records one finished text: it names its source and ends in a newline.
-    virtual void report_error(const std::string& text) = 0;
-    virtual void report_warning(const std::string& text) = 0;
-
-    /// Name of the document being read, as every diagnostic quotes it.
-    virtual const char* get_source_name() const = 0;
-
-    virtual void debug(const std::string& text) = 0;
-};
 
 /// Parses a file or a text into a document, and collects what the parser and the visitors of that
 /// document report. Base of the three model loaders; one loader may do any number of loads.

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "Assert.h"
-#include "Ownership.h"
+#include "Base/Assert.h"
+#include "Base/Ownership.h"
 
 namespace vemo::dmodel {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 #include "DeviceModelXml.h"
-#include "FilePath.h"
-#include "SdkModelPath.h"
+#include "Base/FilePath.h"
+#include "Base/SdkModelPath.h"
 
 namespace vemo::dmodel {
 

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "Assert.h"
-#include "FilePath.h"
-#include "SdkModelPath.h"
+#include "Base/Assert.h"
+#include "Base/FilePath.h"
+#include "Base/SdkModelPath.h"
 #include "TargetModelXml/TargetModelVisitor.h"
 
 namespace vemo::tmodel {

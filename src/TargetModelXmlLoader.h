@@ -3,7 +3,7 @@
 #include <string>
 
 #include "BaseXmlLoader.h"
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 
 namespace vemo::tmodel {
 

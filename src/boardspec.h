@@ -5,7 +5,7 @@
 
 #include "BoardSpec/BoardSpec.h"
 #include "DeviceModel.h"
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 
 // The functions of the command-line driver. Answers and errors alike go to standard output.
 

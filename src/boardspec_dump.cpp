@@ -31,7 +31,7 @@ namespace {
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
-#include "BoardPackage.h"
+#include "BoardPackage/BoardPackage.h"
 #include "Version.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 
 #include "BaseXmlLoader.h"
 #include "Testing.h"

@@ -4,7 +4,7 @@
 
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardVisitor.h"
-#include "BoardSpecXml/MemoryOverlap.h"
+#include "BoardSpec/MemoryOverlap.h"
 #include "Testing.h"
 #include "Xml.h"
 
@@ -280,7 +280,7 @@ TEST(MemoryOverlap, AgreesWithDefinition) {
             ranges += fields(memory->get_min_byte_address(), memory->get_max_byte_address());
         }
         const bool overlap = overlap_by_definition(spec.get_global_mem_configs());
-        EXPECT_EQ(xml::has_overlapping_memories(spec.get_global_mem_configs()), overlap) << ranges;
+        EXPECT_EQ(has_overlapping_memories(spec.get_global_mem_configs()), overlap) << ranges;
         num_overlapping += overlap ? 1 : 0;
     }
     EXPECT_TRUE(num_overlapping > 1000 && num_overlapping < 9000) << num_overlapping;

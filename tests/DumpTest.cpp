@@ -5,9 +5,9 @@
 
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
-#include "BoardPackage.h"
+#include "BoardPackage/BoardPackage.h"
 #include "BoardSpec/Dump.h"
-#include "FilePath.h"
+#include "Base/FilePath.h"
 #include "Testing.h"
 #include "Xml.h"
 

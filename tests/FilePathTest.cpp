@@ -1,4 +1,4 @@
-#include "FilePath.h"
+#include "Base/FilePath.h"
 
 #include <sys/stat.h>
 

@@ -1,4 +1,4 @@
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 
 #include "Testing.h"
 

@@ -1,4 +1,4 @@
-#include "UnsignedNumber.h"
+#include "BaseVisitor/UnsignedNumber.h"
 
 #include "Testing.h"
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "AnswerTable.h"
+#include "BoardPackage/AnswerTable.h"
 
 namespace vemo::dump {
 

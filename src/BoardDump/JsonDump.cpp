@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "BoardDump/FlowSources.h"
-#include "BoardSpecXml/Words.h"
+#include "BoardSpec/Words.h"
 
 namespace vemo::dump {
 namespace {
@@ -53,7 +53,7 @@ Json describe(const dmodel::DeviceResources& resources) {
 
 Json describe_port(const board::Port& port) {
     return {{"name", port.name},
-            {"direction", word(board::xml::DIRECTION_WORDS, port.direction)},
+            {"direction", word(board::DIRECTION_WORDS, port.direction)},
             {"hazard_free_attributes", port.hazard_free_attributes},
             {"attribute_width", port.attribute_width},
             {"attribute", list(port.get_attributes(), [](const auto& attribute) -> Json {
@@ -68,7 +68,7 @@ Json describe_interface(const board::Interface* intf) {
     }
     const board::InterfaceDetails& details = intf->get_details();
     return {{"name", intf->name},
-            {"type", word(board::xml::INTERFACE_TYPE_WORDS, intf->get_type())},
+            {"type", word(board::INTERFACE_TYPE_WORDS, intf->get_type())},
             {"width", if_given(intf->get_data_width())},
             {"maxburst", intf->get_max_burst_count()},
             {"address", intf->address},
@@ -78,7 +78,7 @@ Json describe_interface(const board::Interface* intf) {
             {"clock", details.clock},
             {"misc", details.misc},
             {"latency", intf->latency},
-            {"latency_type", word(board::xml::LATENCY_TYPE_WORDS, intf->latency_type)},
+            {"latency_type", word(board::LATENCY_TYPE_WORDS, intf->latency_type)},
             {"waitrequest", details.waitrequest},
             {"waitrequest_allowance", details.waitrequest_allowance},
             {"bsp_vnmm_write_ack", details.bsp_vnmm_write_ack},
@@ -109,7 +109,7 @@ Json describe_flow(const board::CompileConfig& flow) {
 
 Json describe_memory(const board::GlobalMemConfig* memory) {
     return {{"name", memory->name},
-            {"type", word(board::xml::MEMORY_TYPE_WORDS, memory->get_type())},
+            {"type", word(board::MEMORY_TYPE_WORDS, memory->get_type())},
             {"max_bandwidth", memory->get_max_bandwidth()},
             {"interleaved_bytes", if_given(memory->interleaved_bytes)},
             {"config_addr", memory->config_addr},

@@ -7,8 +7,8 @@
 #include "BoardDump/FlowSources.h"
 #include "BoardDump/TextLayout.h"
 #include "BoardSpec/Dump.h"
-#include "BoardSpecXml/MemoryOverlap.h"
-#include "BoardSpecXml/Words.h"
+#include "BoardSpec/MemoryOverlap.h"
+#include "BoardSpec/Words.h"
 
 namespace vemo::dump {
 namespace {
@@ -56,7 +56,7 @@ std::string memory_table(const board::BoardSpec& spec) {
         max_bandwidth << memory->get_max_bandwidth();
         const unsigned num_intfs = memory->get_num_intfs();
         table.add_row({memory_name_text(*memory),
-                       std::string(board::xml::MEMORY_TYPE_WORDS[memory->get_type()]),
+                       std::string(board::MEMORY_TYPE_WORDS[memory->get_type()]),
                        max_bandwidth.str(),
                        num_intfs == 1 ? "none"
                                       : size_text(memory->get_num_interleaved_bytes()) + " x "
@@ -89,7 +89,7 @@ std::string text_dump(const AnswerSources& sources) {
     }
     os << "\nGlobal memories:\n" << memory_table(spec);
     os << "\nAddress map:\n" << address_map(spec);
-    if (board::xml::has_overlapping_memories(spec.get_global_mem_configs())) {
+    if (board::has_overlapping_memories(spec.get_global_mem_configs())) {
         os << "  !!  global memories overlap from their first to their last address: not a valid "
               "board\n";
     }

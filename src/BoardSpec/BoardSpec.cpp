@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "Assert.h"
-#include "JoinedList.h"
-#include "Ownership.h"
+#include "Base/Assert.h"
+#include "Base/JoinedList.h"
+#include "Base/Ownership.h"
 
 namespace vemo::board {
 

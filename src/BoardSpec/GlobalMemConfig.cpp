@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::board {
 

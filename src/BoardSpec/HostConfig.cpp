@@ -1,6 +1,6 @@
 #include "BoardSpec/HostConfig.h"
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::board {
 

@@ -1,7 +1,7 @@
 #include "BoardSpec/InterfaceConfig.h"
 
-#include "Assert.h"
-#include "Ownership.h"
+#include "Base/Assert.h"
+#include "Base/Ownership.h"
 
 namespace vemo::board {
 

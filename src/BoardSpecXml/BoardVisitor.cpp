@@ -3,14 +3,14 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 #include "BoardSpecXml/ChannelsVisitor.h"
 #include "BoardSpecXml/CompileVisitor.h"
 #include "BoardSpecXml/DeviceVisitor.h"
 #include "BoardSpecXml/GlobalMemVisitor.h"
 #include "BoardSpecXml/HostVisitor.h"
 #include "BoardSpecXml/InterfacesVisitor.h"
-#include "BoardSpecXml/MemoryOverlap.h"
+#include "BoardSpec/MemoryOverlap.h"
 
 namespace vemo::board::xml {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
 
 namespace vemo::board::xml {

@@ -3,8 +3,8 @@
 #include <iterator>
 #include <string_view>
 
-#include "Assert.h"
-#include "WordTable.h"
+#include "Base/Assert.h"
+#include "Base/WordTable.h"
 
 namespace vemo::board::xml {
 namespace {

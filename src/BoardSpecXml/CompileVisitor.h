@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
 namespace vemo::board::xml {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
 namespace vemo::board::xml {

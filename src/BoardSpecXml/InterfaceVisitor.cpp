@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "BoardSpecXml/PortVisitor.h"
-#include "BoardSpecXml/Words.h"
-#include "WordTable.h"
+#include "BoardSpec/Words.h"
+#include "Base/WordTable.h"
 
 namespace vemo::board::xml {
 namespace {

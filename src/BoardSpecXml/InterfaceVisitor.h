@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::board::xml {

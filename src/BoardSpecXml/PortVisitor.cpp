@@ -4,10 +4,10 @@
 #include <memory>
 #include <string_view>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 #include "BoardSpecXml/AttributeVisitor.h"
-#include "BoardSpecXml/Words.h"
-#include "WordTable.h"
+#include "BoardSpec/Words.h"
+#include "Base/WordTable.h"
 
 namespace vemo::board::xml {
 namespace {

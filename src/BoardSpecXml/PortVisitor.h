@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::board::xml {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 
 namespace vemo::tmodel::xml {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::tmodel::xml {
 namespace {

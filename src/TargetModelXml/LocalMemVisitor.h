@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 #include "TargetModelXml/ConstantsVisitor.h"
 
 namespace vemo::tmodel::xml {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BaseVisitor.h"
-#include "TargetModel.h"
+#include "BaseVisitor/BaseVisitor.h"
+#include "TargetModel/TargetModel.h"
 
 namespace vemo::tmodel::xml {
 

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "BoardPackage.h"
+#include "BoardPackage/BoardPackage.h"
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"

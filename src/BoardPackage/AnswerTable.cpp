@@ -1,8 +1,8 @@
-#include "AnswerTable.h"
+#include "BoardPackage/AnswerTable.h"
 
 #include <algorithm>
 
-#include "JoinedList.h"
+#include "Base/JoinedList.h"
 
 namespace vemo {
 namespace {

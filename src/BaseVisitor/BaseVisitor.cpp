@@ -1,9 +1,8 @@
-#include "BaseVisitor.h"
+#include "BaseVisitor/BaseVisitor.h"
 
 #include <algorithm>
 
-#include "Assert.h"
-#include "BaseXmlLoader.h"
+#include "Base/Assert.h"
 
 namespace vemo::xml {
 namespace {

@@ -1,4 +1,4 @@
-#include "FilePath.h"
+#include "Base/FilePath.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -8,15 +8,14 @@
 
 #include <tinyxml2.h>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 #include "CompactString.h"
-#include "ElementStack.h"
-#include "FoundAttributes.h"
-#include "UnsignedNumber.h"
+#include "BaseVisitor/ElementStack.h"
+#include "BaseVisitor/FoundAttributes.h"
+#include "BaseVisitor/UnsignedNumber.h"
+#include "BaseVisitor/VisitorCallbacks.h"
 
 namespace vemo::xml {
-
-class VisitorCallbacks;
 
 /// Base of every schema reader: a visitor that the XML library walks over a document, or over a
 /// subtree that another visitor has handed to it.

@@ -1,6 +1,6 @@
-#include "SdkModelPath.h"
+#include "Base/SdkModelPath.h"
 
-#include "FilePath.h"
+#include "Base/FilePath.h"
 
 namespace vemo {
 

@@ -6,7 +6,7 @@
 
 #include <tinyxml2.h>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::xml {
 

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "AnswerTable.h"
+#include "BoardPackage/AnswerTable.h"
 #include "BaseXmlLoader.h"
 
 namespace vemo {

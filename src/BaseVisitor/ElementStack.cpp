@@ -1,9 +1,9 @@
-#include "ElementStack.h"
+#include "BaseVisitor/ElementStack.h"
 
 #include <cstring>
 #include <iterator>
 
-#include "Assert.h"
+#include "Base/Assert.h"
 
 namespace vemo::xml {
 

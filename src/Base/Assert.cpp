@@ -1,4 +1,4 @@
-#include "Assert.h"
+#include "Base/Assert.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -7,7 +7,7 @@
 #include "BoardSpec/Interface.h"
 #include "BoardSpec/Port.h"
 
-namespace vemo::board::xml {
+namespace vemo::board {
 
 // How board files write enumerators. Each table is indexed by its enumeration.
 
@@ -25,4 +25,4 @@ static_assert(std::size(DIRECTION_WORDS) == Port::TypeCount);
 // Indexed by Interface::latency_type.
 constexpr std::string_view LATENCY_TYPE_WORDS[] = {"average", "fixed"};
 
-}  // namespace vemo::board::xml
+}  // namespace vemo::board

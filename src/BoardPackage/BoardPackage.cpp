@@ -1,8 +1,8 @@
-#include "BoardPackage.h"
+#include "BoardPackage/BoardPackage.h"
 
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
-#include "LoadFailure.h"
+#include "BoardPackage/LoadFailure.h"
 #include "TargetModelXmlLoader.h"
 
 namespace vemo {

@@ -1,10 +1,10 @@
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 
 #include <cstddef>
 #include <iterator>
 
-#include "Assert.h"
-#include "Ownership.h"
+#include "Base/Assert.h"
+#include "Base/Ownership.h"
 
 namespace vemo::tmodel {
 namespace {

@@ -1,8 +1,8 @@
-#include "BoardSpecXml/MemoryOverlap.h"
+#include "BoardSpec/MemoryOverlap.h"
 
 #include <algorithm>
 
-namespace vemo::board::xml {
+namespace vemo::board {
 namespace {
 
 struct Range {
@@ -38,4 +38,4 @@ bool has_overlapping_memories(const std::vector<GlobalMemConfig*>& memories) {
     return false;
 }
 
-}  // namespace vemo::board::xml
+}  // namespace vemo::board

@@ -6,7 +6,7 @@
 
 #include "BoardSpec/BoardSpec.h"
 #include "DeviceModel.h"
-#include "TargetModel.h"
+#include "TargetModel/TargetModel.h"
 
 namespace vemo {
 
