@@ -9,15 +9,15 @@
 #include <string>
 #include <string_view>
 
-#include "BoardPackage/AnswerTable.h"
+#include "Base/FilePath.h"
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/FlowSources.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
+#include "BoardPackage/AnswerTable.h"
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
-#include "Base/FilePath.h"
 #include "TargetModelXmlLoader.h"
 #include "expected_invariants.h"
 

@@ -3,9 +3,9 @@
 #include <cstdlib>
 
 #include "Base/Assert.h"
-#include "DeviceModelXml.h"
 #include "Base/FilePath.h"
 #include "Base/SdkModelPath.h"
+#include "DeviceModelXml.h"
 
 namespace vemo::dmodel {
 

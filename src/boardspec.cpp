@@ -9,11 +9,11 @@
 #include <exception>
 #include <new>
 
-#include "BoardPackage/AnswerTable.h"
 #include "Base/Assert.h"
+#include "BoardPackage/AnswerTable.h"
+#include "BoardPackage/LoadFailure.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
-#include "BoardPackage/LoadFailure.h"
 #include "TargetModelXmlLoader.h"
 
 using vemo::board::BoardSpec;

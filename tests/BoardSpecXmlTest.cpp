@@ -3,8 +3,8 @@
 #include <random>
 
 #include "BoardSpec/Dump.h"
-#include "BoardSpecXml/BoardVisitor.h"
 #include "BoardSpec/MemoryOverlap.h"
+#include "BoardSpecXml/BoardVisitor.h"
 #include "Testing.h"
 #include "Xml.h"
 
@@ -45,16 +45,15 @@ TEST(BoardSpecXml, ReadsEveryField) {
     const Port& r = *ddr.get_intf(0).get_port(0);
     const Port& w = *ddr.get_intf(0).get_port(1);
     const Interface& intf = spec->get_interface_config().get_intf(0);
-    const InterfaceDetails& ctl = intf.get_details();
     EXPECT_EQ(fields(ddr.get_max_bandwidth(), +ddr.get_type(), ddr.config_addr), "100.5|1|24|");
     EXPECT_EQ(fields(qdr.get_max_bandwidth(), +qdr.get_type(), qdr.config_addr), "0|2|0|");
     EXPECT_EQ(fields(+r.direction, r.hazard_free_attributes, r.attribute_width), "1|1|0|");
     EXPECT_EQ(fields(w.name, +w.direction, w.hazard_free_attributes, w.attribute_width),
               "d0_w|2|0|3|");
     EXPECT_EQ(w.get_attribute("burst"), 7u);
-    EXPECT_EQ(fields(intf.latency, intf.latency_type, ctl.waitrequest, ctl.waitrequest_allowance),
+    EXPECT_EQ(fields(intf.latency, intf.latency_type, intf.waitrequest, intf.waitrequest_allowance),
               "99|1|5|6|");
-    EXPECT_EQ(fields(ctl.bsp_vnmm_write_ack, ctl.addpipe, ctl.sampling_rate), "1|9|2.5|");
+    EXPECT_EQ(fields(intf.bsp_vnmm_write_ack, intf.addpipe, intf.get_sampling_rate()), "1|9|2.5|");
     EXPECT_EQ(ddr.get_intf(1).get_port_direction(0), Port::ReadWrite);
     EXPECT_EQ(flow(*spec, "zeta"),
               "zeta|top1|rev1|sys1.lomb|1|gen1|1|syn1 &&  echo \"x\"|0|auto|in1|ex1|");
@@ -226,7 +225,7 @@ TEST(BoardSpecXml, ChecksInterfacesAndChannels) {
                   "Error in '[mem]', line " + std::to_string(18 + i));
     }
     const auto spec = load(edit(BOARD, " attribute_width=\"3\"", ""));
-    EXPECT_EQ(spec->get_global_mem_config().get_intf(0).get_port(1)->get_attributes().size(), 0u);
+    EXPECT_EQ(spec->get_global_mem_config().get_intf(0).get_port(1)->attributes.size(), 0u);
 }
 
 TEST(BoardSpecXmlDeathTest, FilesReachInvariants) {

@@ -3,11 +3,11 @@
 #include <sys/wait.h>
 #include <nlohmann/json.hpp>
 
+#include "Base/FilePath.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
 #include "BoardSpec/Dump.h"
-#include "Base/FilePath.h"
 #include "Testing.h"
 #include "Xml.h"
 

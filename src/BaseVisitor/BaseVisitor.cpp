@@ -19,11 +19,6 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, const char** val
     return true;
 }
 
-bool convert_attribute(const tinyxml2::XMLAttribute& attribute, CompactString* value) {
-    *value = attribute.Value();
-    return true;
-}
-
 bool convert_attribute(const tinyxml2::XMLAttribute& attribute, unsigned* value) {
     unsigned number = 0;
     if (!convert_to_unsigned(attribute.Value(), &number, 10)) {
@@ -342,7 +337,6 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
     template bool BaseVisitor::query_attribute(const XMLElement&, const FoundAttribute&, T*, bool, \
                                                bool)
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(std::string);
-VEMO_INSTANTIATE_QUERY_ATTRIBUTE(CompactString);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(const char*);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(unsigned);
 VEMO_INSTANTIATE_QUERY_ATTRIBUTE(int);

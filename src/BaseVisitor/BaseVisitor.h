@@ -9,7 +9,6 @@
 #include <tinyxml2.h>
 
 #include "Base/Assert.h"
-#include "CompactString.h"
 #include "BaseVisitor/ElementStack.h"
 #include "BaseVisitor/FoundAttributes.h"
 #include "BaseVisitor/UnsignedNumber.h"
@@ -170,7 +169,7 @@ public:
     /// Reads an attribute into `*value`. True when it was read; false when it is absent or its text
     /// is no T. With `report` an ill-typed attribute is reported, and a missing one if `required`.
     ///
-    /// T is one of std::string, CompactString, const char* (the text in the document), unsigned
+    /// T is one of std::string, const char* (the text in the document), unsigned
     /// (decimal), int, float, bool (the last three as the XML library reads them), unsigned_hex and
     /// unsigned64_hex (blanks before the number are skipped, blanks behind it are not accepted).
     template <typename T>

@@ -56,7 +56,7 @@ Json describe_port(const board::Port& port) {
             {"direction", word(board::DIRECTION_WORDS, port.direction)},
             {"hazard_free_attributes", port.hazard_free_attributes},
             {"attribute_width", port.attribute_width},
-            {"attribute", list(port.get_attributes(), [](const auto& attribute) -> Json {
+            {"attribute", list(port.attributes, [](const auto& attribute) -> Json {
                  return {{"name", attribute.first}, {"encoding", attribute.second}};
              })}};
 }
@@ -66,7 +66,6 @@ Json describe_interface(const board::Interface* intf) {
     for (unsigned i = 0; i < intf->get_num_ports(); ++i) {
         ports.push_back(describe_port(*intf->get_port(i)));
     }
-    const board::InterfaceDetails& details = intf->get_details();
     return {{"name", intf->name},
             {"type", word(board::INTERFACE_TYPE_WORDS, intf->get_type())},
             {"width", if_given(intf->get_data_width())},
@@ -74,16 +73,16 @@ Json describe_interface(const board::Interface* intf) {
             {"address", intf->address},
             {"size", if_given(intf->get_size())},
             {"chan_id", intf->chan_id},
-            {"enable", details.enable},
-            {"clock", details.clock},
-            {"misc", details.misc},
+            {"enable", intf->enable},
+            {"clock", intf->clock},
+            {"misc", intf->misc},
             {"latency", intf->latency},
             {"latency_type", word(board::LATENCY_TYPE_WORDS, intf->latency_type)},
-            {"waitrequest", details.waitrequest},
-            {"waitrequest_allowance", details.waitrequest_allowance},
-            {"bsp_vnmm_write_ack", details.bsp_vnmm_write_ack},
-            {"addpipe", details.addpipe},
-            {"sampling_rate", if_given(details.sampling_rate)},
+            {"waitrequest", intf->waitrequest},
+            {"waitrequest_allowance", intf->waitrequest_allowance},
+            {"bsp_vnmm_write_ack", intf->bsp_vnmm_write_ack},
+            {"addpipe", intf->addpipe},
+            {"sampling_rate", if_given(intf->get_sampling_rate())},
             {"port", std::move(ports)}};
 }
 
@@ -140,7 +139,7 @@ Json describe(const board::InterfaceConfig& config) {
 Json describe(const board::BoardSpec& spec, const std::vector<AnswerSources>& flows) {
     const board::HostConfig& host = spec.get_host_config();
     return {
-        {"version", spec.version.value},
+        {"version", static_cast<float>(spec.version)},
         {"name", spec.name},
         {"device", describe(spec.get_device_config())},
         {"compile_names", spec.get_compile_config_names()},

@@ -11,7 +11,7 @@ using board::CompileConfig;
 using board::Interface;
 
 /// The answer that is a field of the chosen compile flow.
-template <CompactString CompileConfig::*Field>
+template <std::string CompileConfig::*Field>
 std::string flow_text(const AnswerSources& sources) {
     return (sources.flow->*Field).c_str();
 }

@@ -1,8 +1,8 @@
 #include "BoardPackage/BoardPackage.h"
 
+#include "BoardPackage/LoadFailure.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
-#include "BoardPackage/LoadFailure.h"
 #include "TargetModelXmlLoader.h"
 
 namespace vemo {

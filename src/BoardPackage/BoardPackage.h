@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "BoardPackage/AnswerTable.h"
 #include "BaseXmlLoader.h"
+#include "BoardPackage/AnswerTable.h"
 
 namespace vemo {
 

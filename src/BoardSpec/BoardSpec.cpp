@@ -83,10 +83,7 @@ void BoardSpec::set_interface_config(InterfaceConfig* interface_config) {
 void BoardSpec::set_compile_config(CompileConfig* compile_config, const std::string& config_name) {
     VEMO_ASSERT(compile_config != NULL);
     m_compile_config_names.push_back(config_name);
-    // Flows are mostly numbered, and then each has its place beside the one set before it.
-    const auto place = m_compile_configs.try_emplace(m_compile_config_hint, config_name, nullptr);
-    replace_owned(place->second, compile_config);
-    m_compile_config_hint = std::next(place);
+    replace_owned(m_compile_configs[config_name], compile_config);
 }
 
 CompileConfig& BoardSpec::get_compile_config(const std::string& config_name) {
@@ -105,13 +102,14 @@ unsigned BoardSpec::num_compile_configs() const {
     return static_cast<unsigned>(m_compile_configs.size());
 }
 
-const std::vector<std::string>& BoardSpec::get_compile_config_names() const {
+std::vector<std::string> BoardSpec::get_compile_config_names() const {
     return m_compile_config_names;
 }
 
 std::string BoardSpec::get_string_of_board_compile_config_names() const {
     std::string names;
-    append_joined(names, m_compile_configs, [](const auto& entry) { return entry.first; });
+    append_joined(names, m_compile_configs,
+                  [](const auto& entry) -> const std::string& { return entry.first; });
     return names;
 }
 
@@ -153,7 +151,7 @@ bool BoardSpec::is_default_global_mem(const std::string& mem_name) const {
 
 void BoardSpec::get_string_of_board_global_interface_names(std::string& out) const {
     append_joined(out, m_global_mem_configs,
-                  [](const GlobalMemConfig* gmc) { return gmc->name.c_str(); });
+                  [](const GlobalMemConfig* gmc) -> const std::string& { return gmc->name; });
 }
 
 unsigned BoardSpec::get_num_global_mem_definitions() const {

@@ -62,7 +62,7 @@ public:
     unsigned num_compile_configs() const;
 
     /// The flow names in the order set; a name set twice occurs twice.
-    const std::vector<std::string>& get_compile_config_names() const;
+    std::vector<std::string> get_compile_config_names() const;
 
     /// The distinct flow names in ascending byte order, joined by ", ".
     std::string get_string_of_board_compile_config_names() const;
@@ -101,7 +101,6 @@ private:
 
     DeviceConfig* m_device_config = nullptr;                  // owned
     std::map<std::string, CompileConfig*> m_compile_configs;  // owned, by name
-    std::map<std::string, CompileConfig*>::iterator m_compile_config_hint = m_compile_configs.end();
     std::vector<std::string> m_compile_config_names;
     std::vector<GlobalMemConfig*> m_global_mem_configs;  // owned, the default one first
     HostConfig* m_host_config = nullptr;                 // owned

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CompactString.h"
+#include <string>
 
 namespace vemo::board {
 
@@ -16,21 +16,21 @@ public:
     bool has_generate() const { return generate_present; }
     bool has_synthesis() const { return synthesis_present; }
 
-    CompactString name{DEFAULT_CONFIG_NAME};
-    CompactString project;
-    CompactString revision;
-    CompactString lomb_file;  // the system-integration file
+    std::string name{DEFAULT_CONFIG_NAME};
+    std::string project;
+    std::string revision;
+    std::string lomb_file;  // the system-integration file
     bool generic_kernel = false;
     bool automigrate_present = false;
     bool generate_present = false;
     bool synthesis_present = false;
-    CompactString generate_cmd;
+    std::string generate_cmd;
     bool generate_additional_args = false;
-    CompactString synthesize_cmd;
+    std::string synthesize_cmd;
     bool synthesize_additional_args = false;
-    CompactString automigrate_type;     // platform type
-    CompactString automigrate_include;  // fixes, as written
-    CompactString automigrate_exclude;
+    std::string automigrate_type;     // platform type
+    std::string automigrate_include;  // fixes, as written
+    std::string automigrate_exclude;
 };
 
 }  // namespace vemo::board

@@ -56,17 +56,16 @@ std::ostream& operator<<(std::ostream& os, const Interface& intf) {
     write_hex(os, intf.address, ADDRESS_DIGITS);
     os << ", size = ";
     write_hex(os, intf.get_size(), ADDRESS_DIGITS);
-    const InterfaceDetails& details = intf.get_details();
-    if (!details.enable.empty()) {
-        os << ", enable = " << details.enable;
+    if (!intf.enable.empty()) {
+        os << ", enable = " << intf.enable;
     }
-    if (!details.clock.empty()) {
-        os << ", clock = " << details.clock;
+    if (!intf.clock.empty()) {
+        os << ", clock = " << intf.clock;
     }
     if (!intf.chan_id.empty()) {
         os << ", chan_id = " << intf.chan_id;
     }
-    return os << ", misc = " << details.misc;
+    return os << ", misc = " << intf.misc;
 }
 
 std::ostream& operator<<(std::ostream& os, const KernelClkReset& kernel_clk_reset) {
@@ -123,7 +122,7 @@ std::ostream& operator<<(std::ostream& os, const InterfaceConfig& interface_conf
 
 std::ostream& operator<<(std::ostream& os, const BoardSpec& spec) {
     // The plain number: here a version of 0 is no "<unknown>".
-    os << "Board specification (v" << spec.version.value << "):\n";
+    os << "Board specification (v" << static_cast<float>(spec.version) << "):\n";
     os << "  Name: " << spec.name << "\n";
     write_part(
         os, "Device configuration",

@@ -11,9 +11,11 @@ void GlobalMemConfig::set_max_bandwidth(float max_bandwidth) {
     m_max_bandwidth = max_bandwidth;
 }
 
-void GlobalMemConfig::set_type(Type type) {
+void GlobalMemConfig::set_type(Type new_type) { type = checked(new_type); }
+
+GlobalMemConfig::Type GlobalMemConfig::checked(Type type) {
     VEMO_ASSERT(type >= 0 && type < TypeCount);
-    m_type = type;
+    return type;
 }
 
 unsigned GlobalMemConfig::get_max_burst_count() const {

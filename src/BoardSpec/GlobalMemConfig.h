@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "BoardSpec/InterfaceList.h"
-#include "CompactString.h"
 
 namespace vemo::board {
 
@@ -16,8 +16,8 @@ public:
     float get_max_bandwidth() const { return m_max_bandwidth; }
     void set_max_bandwidth(float max_bandwidth);
 
-    Type get_type() const { return m_type; }
-    void set_type(Type type);
+    Type get_type() const { return type; }
+    void set_type(Type new_type);
 
     // The next four need an interface. The first two need the same value on every interface, too.
 
@@ -39,11 +39,13 @@ public:
 
     unsigned interleaved_bytes = 0;  // as in the file; 0 stands for not given
     unsigned config_addr = 0;        // byte address
-    CompactString name;
+    Type type = DevicePrivate;
+    std::string name;
 
 private:
+    static Type checked(Type type);
+
     float m_max_bandwidth = 0.0f;
-    Type m_type = DevicePrivate;
 };
 
 }  // namespace vemo::board

@@ -6,9 +6,11 @@
 
 namespace vemo::board {
 
-void Interface::set_type(Type type) {
+void Interface::set_type(Type new_type) { type = checked(new_type); }
+
+Interface::Type Interface::checked(Type type) {
     VEMO_ASSERT(type >= 0 && type < TypeCount);
-    m_type = type;
+    return type;
 }
 
 void Interface::set_data_width(unsigned data_width) {
@@ -28,19 +30,7 @@ void Interface::set_size(std::size_t size) {
 
 void Interface::set_sampling_rate(float sampling_rate) {
     VEMO_ASSERT(sampling_rate > 0);
-    edit_details().sampling_rate = sampling_rate;
-}
-
-const InterfaceDetails& Interface::get_details() const {
-    static const InterfaceDetails DEFAULTS;
-    return m_details == nullptr ? DEFAULTS : *m_details;
-}
-
-InterfaceDetails& Interface::edit_details() {
-    if (m_details == nullptr) {
-        m_details = std::make_unique<InterfaceDetails>();
-    }
-    return *m_details;
+    m_sampling_rate = sampling_rate;
 }
 
 void Interface::add_port(Port* port) {
@@ -63,7 +53,7 @@ const Port* Interface::get_port(unsigned port) const {
     return m_port[port];
 }
 
-std::string Interface::get_port_name(unsigned port) const { return get_port(port)->name.c_str(); }
+std::string Interface::get_port_name(unsigned port) const { return get_port(port)->name; }
 
 Port::Direction Interface::get_port_direction(unsigned port) const {
     return get_port(port)->direction;

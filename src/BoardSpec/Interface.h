@@ -2,13 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
+#include <vector>
 
-#include "BoardSpec/InterfaceDetails.h"
 #include "BoardSpec/Port.h"
-#include "CompactString.h"
-#include "PtrList.h"
 
 namespace vemo::board {
 
@@ -27,8 +24,8 @@ public:
     Interface(const Interface&) = delete;
     Interface& operator=(const Interface&) = delete;
 
-    Type get_type() const { return m_type; }
-    void set_type(Type type);
+    Type get_type() const { return type; }
+    void set_type(Type new_type);
 
     /// In bits; above 0 once set.
     unsigned get_data_width() const { return m_data_width; }
@@ -42,14 +39,9 @@ public:
     unsigned get_size() const { return m_size; }
     void set_size(std::size_t size);
 
-    /// Must be above 0.
+    /// Samples a second of a stream; above 0 once set, 0 when the file gives none.
+    float get_sampling_rate() const { return m_sampling_rate; }
     void set_sampling_rate(float sampling_rate);
-
-    /// What the interface says beyond its name and range; all defaults unless it does.
-    const InterfaceDetails& get_details() const;
-
-    /// The same to be written.
-    InterfaceDetails& edit_details();
 
     /// Appends `port`, which must not be null.
     void add_port(Port* port);
@@ -67,20 +59,28 @@ public:
     /// Whether there is both a Read and a Write port; ReadWrite ones count for neither.
     bool has_separate_rw_ports() const;
 
-    CompactString name;
-    CompactString chan_id;
+    Type type = TypeCount;
     unsigned address = 0;  // in bytes
+    std::string chan_id;
+    std::string name;
     unsigned latency = 240;
     unsigned latency_type = 0;  // 0 average, 1 fixed
+    unsigned waitrequest = 0;
+    unsigned waitrequest_allowance = 0;
+    bool bsp_vnmm_write_ack = false;
+    unsigned addpipe = 0;
+    std::string enable;  // name of the enable signal
+    std::string clock;   // name of the clock signal
+    unsigned misc = 0;
 
 private:
+    static Type checked(Type type);
+
     unsigned m_data_width = 0;
     unsigned m_max_burst_count = 1;
     unsigned m_size = 0;
-    Type m_type = TypeCount;
-
-    std::unique_ptr<InterfaceDetails> m_details;  // null while all are defaults
-    PtrList<Port> m_port;                         // in the order added
+    float m_sampling_rate = 0.0f;
+    std::vector<Port*> m_port;  // in the order added
 };
 
 }  // namespace vemo::board

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <vector>
+
 #include "BoardSpec/Interface.h"
-#include "PtrList.h"
 
 namespace vemo::board {
 
@@ -18,13 +19,13 @@ public:
     /// Interface by index, which must be below the number of interfaces.
     const Interface& get_intf(unsigned i) const;
     unsigned get_num_intfs() const { return static_cast<unsigned>(m_interfaces.size()); }
-    const PtrList<Interface>& get_interfaces() const { return m_interfaces; }
+    const std::vector<Interface*>& get_interfaces() const { return m_interfaces; }
 
 protected:
     InterfaceList() = default;
     ~InterfaceList();  // destroys the interfaces
 
-    PtrList<Interface> m_interfaces;
+    std::vector<Interface*> m_interfaces;  // owned, in the order added
 };
 
 }  // namespace vemo::board

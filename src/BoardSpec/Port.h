@@ -2,10 +2,7 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
-
-#include "CompactString.h"
 
 namespace vemo::board {
 
@@ -21,16 +18,11 @@ public:
     /// `value` does not fit `attribute_width` bits; no value fits a width of 32 or more.
     bool set_attribute(const std::string& name, unsigned value);
 
-    /// All attributes by name.
-    const std::map<std::string, unsigned>& get_attributes() const;
-
-    CompactString name;
+    std::string name;
     Direction direction = ReadWrite;
     bool hazard_free_attributes = true;
     unsigned attribute_width = 0;  // in bits
-
-private:
-    std::unique_ptr<std::map<std::string, unsigned>> m_attributes;  // null while there is none
+    std::map<std::string, unsigned> attributes;
 };
 
 }  // namespace vemo::board

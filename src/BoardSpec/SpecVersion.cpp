@@ -13,9 +13,9 @@ constexpr std::size_t LONGEST_TEXT = 16;  // of six digits, with sign, point and
 std::string to_string(SpecVersion version) {
     char text[LONGEST_TEXT];
     const std::to_chars_result result = std::to_chars(
-        text, text + LONGEST_TEXT, version.value, std::chars_format::general, SIGNIFICANT_DIGITS);
+        text, text + LONGEST_TEXT, version, std::chars_format::general, SIGNIFICANT_DIGITS);
     const std::string number(text, result.ptr);
-    return version.value == 0 ? "<unknown>(" + number + ")" : number;
+    return version == 0 ? "<unknown>(" + number + ")" : number;
 }
 
 }  // namespace vemo::board

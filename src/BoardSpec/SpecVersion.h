@@ -4,10 +4,16 @@
 
 namespace vemo::board {
 
-/// Version of the board file format: a single-precision number, with a printer of its own. 0 means
+/// Version of the board file format: a single-precision number with a printer of its own. 0 means
 /// that none was set.
-struct SpecVersion {
-    float value = 0.0f;
+class SpecVersion {
+public:
+    // Versions are compared and computed with as the numbers that they are.
+    SpecVersion(float number = 0.0f) : m_number(number) {}  // NOLINT(google-explicit-constructor)
+    operator float() const { return m_number; }             // NOLINT(google-explicit-constructor)
+
+private:
+    float m_number;
 };
 
 /// The version as users see it: six significant digits, in the "C" locale; "<unknown>(0)" for 0.

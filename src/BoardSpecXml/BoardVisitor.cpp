@@ -4,13 +4,13 @@
 #include <string_view>
 
 #include "Base/Assert.h"
+#include "BoardSpec/MemoryOverlap.h"
 #include "BoardSpecXml/ChannelsVisitor.h"
 #include "BoardSpecXml/CompileVisitor.h"
 #include "BoardSpecXml/DeviceVisitor.h"
 #include "BoardSpecXml/GlobalMemVisitor.h"
 #include "BoardSpecXml/HostVisitor.h"
 #include "BoardSpecXml/InterfacesVisitor.h"
-#include "BoardSpec/MemoryOverlap.h"
 
 namespace vemo::board::xml {
 namespace {
@@ -77,7 +77,7 @@ bool BoardVisitor::visit_board_elem(const XMLElement& elem) {
     if (version != BoardSpec::Version_0_9 && version < BoardSpec::Version_14_1) {
         return report_attr_error(elem, "version", "Unsupported version string.");
     }
-    m_spec->version.value = version;
+    m_spec->version = version;
     query_attribute(elem, "name", &m_spec->name, REPORT, REQUIRED);
     return !m_has_error;
 }
@@ -140,7 +140,7 @@ bool BoardVisitor::VisitExit(const XMLDocument& doc) {
 
 bool BoardVisitor::check_compile_configs() {
     const bool has_compile_config = m_spec->num_compile_configs() > 0;
-    if (m_spec->version.value == BoardSpec::Version_0_9) {
+    if (m_spec->version == BoardSpec::Version_0_9) {
         if (has_compile_config) {
             return report_error(
                 "Unexpected compile configuration (<compile>) found in 0.9 board specification.");

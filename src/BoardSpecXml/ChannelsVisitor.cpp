@@ -1,43 +1,13 @@
 #include "BoardSpecXml/ChannelsVisitor.h"
 
-#include <algorithm>
-#include <functional>
 #include <memory>
 #include <string_view>
-#include <vector>
+#include <unordered_set>
 
 #include "Base/Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
 
 namespace vemo::board::xml {
-namespace {
-
-template <typename T>
-bool sort_and_find_duplicate(std::vector<T>& values) {
-    std::sort(values.begin(), values.end());
-    return std::adjacent_find(values.begin(), values.end()) != values.end();
-}
-
-bool has_duplicate_ids(Interface* const* begin, Interface* const* end) {
-    // Channels are mostly numbered, and in order: then there is nothing to sort.
-    const auto precedes = [](const Interface* a, const Interface* b) {
-        const std::string_view id_a = a->chan_id;
-        const std::string_view id_b = b->chan_id;
-        return id_a.size() != id_b.size() ? id_a.size() < id_b.size() : id_a < id_b;
-    };
-    if (std::adjacent_find(begin, end, std::not_fn(precedes)) == end) {
-        return false;
-    }
-    // Texts with distinct hashes are distinct, and numbers are quicker to sort.
-    std::vector<std::string_view> ids(static_cast<std::size_t>(end - begin));
-    std::transform(begin, end, ids.begin(),
-                   [](const Interface* intf) -> std::string_view { return intf->chan_id; });
-    std::vector<std::size_t> hashes(ids.size());
-    std::transform(ids.begin(), ids.end(), hashes.begin(), std::hash<std::string_view>());
-    return sort_and_find_duplicate(hashes) && sort_and_find_duplicate(ids);
-}
-
-}  // namespace
 
 ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
@@ -90,15 +60,14 @@ bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
-    const auto& channels = m_spec->get_channel_config().get_interfaces();
-    // The first empty identifier ends the check.
-    const auto end = std::find_if(channels.begin(), channels.end(),
-                                  [](const Interface* intf) { return intf->chan_id.empty(); });
-    if (has_duplicate_ids(channels.begin(), end)) {
-        return report_error(elem, "Two or more channels share the same channel ID.");
-    }
-    if (end != channels.end()) {
-        return report_error(elem, "Empty channel ID name.");
+    std::unordered_set<std::string_view> ids;
+    for (const Interface* intf : m_spec->get_channel_config().get_interfaces()) {
+        if (intf->chan_id.empty()) {
+            return report_error(elem, "Empty channel ID name.");
+        }
+        if (!ids.insert(intf->chan_id).second) {
+            return report_error(elem, "Two or more channels share the same channel ID.");
+        }
     }
     return true;
 }

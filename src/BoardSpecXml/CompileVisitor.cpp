@@ -86,8 +86,7 @@ bool CompileVisitor::visit_synthesize_elem(const XMLElement& elem) {
     return read_command(elem, &m_config->synthesize_cmd, &m_config->synthesize_additional_args);
 }
 
-bool CompileVisitor::read_command(const XMLElement& elem, CompactString* cmd,
-                                  bool* additional_args) {
+bool CompileVisitor::read_command(const XMLElement& elem, std::string* cmd, bool* additional_args) {
     const vemo::xml::FoundAttributes attributes(elem, COMMAND_ATTRIBUTES);
     const char* text = nullptr;
     if (report_unexpected_elem_stack(elem, 1, "compile")
@@ -155,13 +154,11 @@ bool CompileVisitor::VisitExit(const XMLElement& elem) {
     return BaseVisitor::VisitExit(elem);
 }
 
-bool CompileVisitor::has_unnamed_flows() const {
-    return m_spec->version.value < BoardSpec::Version_17_0;
-}
+bool CompileVisitor::has_unnamed_flows() const { return m_spec->version < BoardSpec::Version_17_0; }
 
 bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
     const std::string_view name = current_name();
-    if (name == "compile" && m_spec->version.value < BoardSpec::Version_14_1) {
+    if (name == "compile" && m_spec->version < BoardSpec::Version_14_1) {
         return report_error(elem, "Compile not supported in this version.");
     }
     if (name == "auto_migrate") {

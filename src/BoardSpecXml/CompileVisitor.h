@@ -26,7 +26,7 @@ private:
     bool visit_auto_migration_single_elem(const XMLElement& elem);
 
     /// Reads a command element: `cmd`, required, and `additional_args`.
-    bool read_command(const XMLElement& elem, CompactString* cmd, bool* additional_args);
+    bool read_command(const XMLElement& elem, std::string* cmd, bool* additional_args);
 
     /// The meaning of an `additional_args` text; an empty one switches them on. Reports a text that
     /// is no boolean.

@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "Base/Assert.h"
-#include "BoardSpecXml/InterfaceVisitor.h"
-#include "BoardSpec/Words.h"
 #include "Base/WordTable.h"
+#include "BoardSpec/Words.h"
+#include "BoardSpecXml/InterfaceVisitor.h"
 
 namespace vemo::board::xml {
 namespace {

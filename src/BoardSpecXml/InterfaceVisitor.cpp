@@ -3,9 +3,9 @@
 #include <iterator>
 #include <string_view>
 
-#include "BoardSpecXml/PortVisitor.h"
-#include "BoardSpec/Words.h"
 #include "Base/WordTable.h"
+#include "BoardSpec/Words.h"
+#include "BoardSpecXml/PortVisitor.h"
 
 namespace vemo::board::xml {
 namespace {
@@ -25,16 +25,16 @@ const InterfaceVisitor::Attribute InterfaceVisitor::ATTRIBUTES[] = {
     {"address", InGlobalMem, IfPresent, &InterfaceVisitor::read_address},
     {"size", InGlobalMem, IfPresent, &InterfaceVisitor::read_size},
     {"chan_id", InChannels, IfPresent, &InterfaceVisitor::read_plain<&Interface::chan_id>},
-    {"enable", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::enable>},
-    {"clock", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::clock>},
-    {"misc", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::misc>},
+    {"enable", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::enable>},
+    {"clock", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::clock>},
+    {"misc", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::misc>},
     {"latency", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::latency>},
     {"latency_type", 0, IfPresent, &InterfaceVisitor::read_latency_type},
-    {"waitrequest", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest>},
+    {"waitrequest", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::waitrequest>},
     {"waitrequest_allowance", 0, IfPresent,
-     &InterfaceVisitor::read_detail<&InterfaceDetails::waitrequest_allowance>},
+     &InterfaceVisitor::read_plain<&Interface::waitrequest_allowance>},
     {"bsp_vnmm_write_ack", 0, IfPresent, &InterfaceVisitor::read_write_ack},
-    {"addpipe", 0, IfPresent, &InterfaceVisitor::read_detail<&InterfaceDetails::addpipe>},
+    {"addpipe", 0, IfPresent, &InterfaceVisitor::read_plain<&Interface::addpipe>},
     {"sampling_rate", 0, IfPresent, &InterfaceVisitor::read_sampling_rate},
 };
 
@@ -173,7 +173,7 @@ bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttr
 bool InterfaceVisitor::read_write_ack(const XMLElement& elem, const FoundAttribute& found) {
     unsigned write_ack = 0;
     if (query_attribute(elem, found, &write_ack, REPORT, OPTIONAL)) {
-        m_intf->edit_details().bsp_vnmm_write_ack = write_ack != 0;
+        m_intf->bsp_vnmm_write_ack = write_ack != 0;
     }
     return !m_has_error;
 }

@@ -60,14 +60,14 @@ private:
     bool read_write_ack(const XMLElement& elem, const FoundAttribute& found);
     bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
-    /// Read an attribute that has no rule of its own into `Field`, of the interface or its details.
+    /// Read an attribute that has no rule of its own into `Field`, of the interface or its intf->
     template <auto Field>
     bool read_plain(const XMLElement& elem, const FoundAttribute& found) {
         return query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, REQUIRED);
     }
     template <auto Field>
     bool read_detail(const XMLElement& elem, const FoundAttribute& found) {
-        return query_attribute(elem, found, &(m_intf->edit_details().*Field), REPORT, REQUIRED);
+        return query_attribute(elem, found, &(m_intf->*Field), REPORT, REQUIRED);
     }
 
     Place m_place;

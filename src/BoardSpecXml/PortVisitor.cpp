@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "Base/Assert.h"
-#include "BoardSpecXml/AttributeVisitor.h"
-#include "BoardSpec/Words.h"
 #include "Base/WordTable.h"
+#include "BoardSpec/Words.h"
+#include "BoardSpecXml/AttributeVisitor.h"
 
 namespace vemo::board::xml {
 namespace {
