@@ -60,8 +60,10 @@ bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
+    const auto& channels = m_spec->get_channel_config().get_interfaces();
     std::unordered_set<std::string_view> ids;
-    for (const Interface* intf : m_spec->get_channel_config().get_interfaces()) {
+    ids.reserve(channels.size());
+    for (const Interface* intf : channels) {
         if (intf->chan_id.empty()) {
             return report_error(elem, "Empty channel ID name.");
         }
