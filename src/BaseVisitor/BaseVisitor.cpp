@@ -109,7 +109,12 @@ unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
 }
 
 unsigned BaseVisitor::get_element_count_va(unsigned n, std::va_list names) const {
-    return m_elem_stack.count_of(n, names);
+    std::string key;
+    for (unsigned i = 0; i < n; ++i) {
+        key += i == 0 ? "" : "/";
+        key += va_arg(names, const char*);
+    }
+    return m_elem_stack.count_of(key);
 }
 
 bool BaseVisitor::check_element_stack(unsigned n, ...) const {
@@ -305,7 +310,7 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n, ..
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,
-                                          const char** allowed) {
+                                          const char* const* allowed) {
     return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
         const char* name = attribute.Name();
         return std::any_of(allowed, allowed + n, [name](const char* allowed_name) {

@@ -23,6 +23,8 @@ namespace vemo::xml {
 /// the checks, reports and typed attribute reads from which a reader is written. The first reported
 /// error sets `m_has_error`, and from then on every callback returns false, which ends the walk.
 ///
+/// The document must outlive the visitor, which keeps the names of elements as they stand in it.
+///
 /// Operations with `n` and an ellipsis take `n` names as `const char*`.
 class BaseVisitor : public tinyxml2::XMLVisitor {
 public:
@@ -89,7 +91,7 @@ public:
     /// The count of the current path. The reference holds until the next element is entered.
     unsigned& get_elem_stack_count_entry();
 
-    /// How many elements of the path of the given names were entered.
+    /// How many elements of a path were entered. Its key is the given names joined with "/".
     unsigned get_element_count(unsigned n, ...) const;
     unsigned get_element_count_va(unsigned n, std::va_list names) const;
 
@@ -139,6 +141,17 @@ public:
     bool report_missing_attr(const XMLElement& elem, const std::string& attr,
                              const std::string& msg);
 
+    /// Reports the first of the `required` attributes that the element lacks.
+    template <std::size_t N>
+    bool report_missing_attrs(const XMLElement& elem, const char* const (&required)[N]) {
+        for (const char* name : required) {
+            if (!attribute_exists(elem, name)) {
+                return report_missing_attr(elem, name, "");
+            }
+        }
+        return true;
+    }
+
     /// Reported at the attribute, or at the element when it has no such attribute.
     bool report_attr_type_error(const XMLElement& elem, const std::string& attr,
                                 const std::string& msg);
@@ -148,7 +161,7 @@ public:
     /// false as well when an earlier error had already set `m_has_error`.
     bool report_unexpected_attrs(const XMLElement& elem, const std::vector<std::string>& allowed);
     bool report_unexpected_attrs(const XMLElement& elem, unsigned n, ...);
-    bool report_unexpected_attrs(const XMLElement& elem, unsigned n, const char** allowed);
+    bool report_unexpected_attrs(const XMLElement& elem, unsigned n, const char* const* allowed);
 
     /// The same for those that are not in the table of `found`, which has been made of `elem`.
     template <typename Row, std::size_t N>

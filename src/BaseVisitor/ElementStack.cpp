@@ -1,11 +1,17 @@
 #include "BaseVisitor/ElementStack.h"
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
 #include "Base/Assert.h"
 
 namespace vemo::xml {
+namespace {
+
+constexpr char SEPARATOR = '/';  // between the names of a key
+
+}  // namespace
 
 ElementStack::Path* ElementStack::add_path(ElementName name) {
     const bool has_place = m_num_first_paths < std::size(m_first_paths);
@@ -32,17 +38,19 @@ std::string ElementStack::key() const {
     std::string key;
     for (std::size_t depth = 0; depth < m_size; ++depth) {
         if (depth > 0) {
-            key += '/';
+            key += SEPARATOR;
         }
         key += name_at(depth);
     }
     return key;
 }
 
-unsigned ElementStack::count_of(unsigned n, std::va_list names) const {
+unsigned ElementStack::count_of(std::string_view key) const {
     const Path* path = &m_first_paths[0];
-    for (unsigned i = 0; i < n && path != nullptr; ++i) {
-        path = path->find(va_arg(names, const char*));
+    for (std::size_t start = 0; !key.empty() && path != nullptr && start <= key.size();) {
+        const std::size_t end = std::min(key.find(SEPARATOR, start), key.size());
+        path = path->find(key.substr(start, end - start));
+        start = end + 1;
     }
     return path == nullptr ? 0 : path->count;
 }

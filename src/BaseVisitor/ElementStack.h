@@ -58,8 +58,8 @@ public:
     /// How often the path of the open elements has been entered.
     unsigned& count() { return m_current->count; }
 
-    /// How often the path of the given names has been entered.
-    unsigned count_of(unsigned n, std::va_list names) const;
+    /// How often the path has been entered that has this key; the empty key is the empty path.
+    unsigned count_of(std::string_view key) const;
 
 private:
     /// A path of names, and how often it has been entered. A schema has few, and an element outside

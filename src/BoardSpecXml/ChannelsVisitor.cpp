@@ -8,6 +8,12 @@
 #include "BoardSpecXml/InterfaceVisitor.h"
 
 namespace vemo::board::xml {
+namespace {
+
+// Of a channel's interface, in the order of the test.
+constexpr const char* REQUIRED_ATTRIBUTES[] = {"name", "port", "type", "width", "chan_id"};
+
+}  // namespace
 
 ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
@@ -35,11 +41,9 @@ bool ChannelsVisitor::visit_channels_elem(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
-    if (!report_unexpected_elem_stack(elem, 1, "channels")) {
-        return !m_has_error;
-    }
-    InterfaceVisitor reader(this, InterfaceVisitor::InChannels);
-    if (!walk_with(elem, &reader)) {
+    InterfaceVisitor reader(this);
+    if (!(report_unexpected_elem_stack(elem, 1, "channels")
+          && report_missing_attrs(elem, REQUIRED_ATTRIBUTES) && walk_with(elem, &reader))) {
         return false;
     }
     std::unique_ptr<Interface> intf(reader.release_intf());

@@ -17,10 +17,16 @@ using vemo::xml::unsigned64_hex;
 constexpr const char* ATTRIBUTES[] = {"name", "max_bandwidth", "interleaved_bytes", "type",
                                       "config_addr"};
 
+// Of a memory's interface, in the order of the test.
+constexpr const char* REQUIRED_INTERFACE_ATTRIBUTES[] = {"name", "type", "width", "address",
+                                                         "size"};
+
 }  // namespace
 
 GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
-    : BaseVisitor(parent), m_spec(spec) {}
+    : BaseVisitor(parent), m_spec(spec) {
+    VEMO_ASSERT(spec != NULL);
+}
 
 bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
@@ -98,11 +104,10 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
 }
 
 bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
-    InterfaceVisitor reader(this, InterfaceVisitor::InGlobalMem);
-    if (!walk_with(elem, &reader)) {
+    InterfaceVisitor reader(this);
+    if (!(report_missing_attrs(elem, REQUIRED_INTERFACE_ATTRIBUTES) && walk_with(elem, &reader))) {
         return false;
     }
-    VEMO_ASSERT(m_spec != NULL);
     VEMO_ASSERT(m_global_mem != NULL);
     std::unique_ptr<Interface> intf(reader.release_intf());
     if (intf->get_type() != Interface::Slave) {

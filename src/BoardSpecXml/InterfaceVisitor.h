@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 
 #include "BaseVisitor/BaseVisitor.h"
@@ -9,13 +8,10 @@
 namespace vemo::board::xml {
 
 /// Reads one `interface` element, wherever it stands: its attributes, and its ports through a
-/// PortVisitor. Of the rules of its place, the caller has all but the required attributes.
+/// PortVisitor. Rules that depend on the place are the caller's.
 class InterfaceVisitor : public vemo::xml::BaseVisitor {
 public:
-    /// Where an interface stands: the element around it. A set of bits.
-    enum Place : std::uint32_t { InGlobalMem = 1, InInterfaces = 2, InChannels = 4 };
-
-    InterfaceVisitor(BaseVisitor* parent, Place place);
+    explicit InterfaceVisitor(BaseVisitor* parent);
 
     using BaseVisitor::VisitEnter;
     using BaseVisitor::VisitExit;
@@ -28,28 +24,19 @@ public:
 
 private:
     using FoundAttribute = vemo::xml::FoundAttribute;
-    enum Presence { IfPresent, Always };
+    struct Attribute;
+    struct AttributeTable;
 
-    /// An attribute, the places that require it, and the member that reads it into the interface:
-    /// only where the element has it, or always.
-    struct Attribute {
-        const char* name;
-        std::uint32_t required_in;
-        Presence presence;
-        bool (InterfaceVisitor::*read)(const XMLElement& elem, const FoundAttribute& found);
-    };
-    static constexpr std::size_t NUM_ATTRIBUTES = 18;
-    static const Attribute ATTRIBUTES[NUM_ATTRIBUTES];
-    using FoundAttributes = vemo::xml::FoundAttributes<Attribute, NUM_ATTRIBUTES>;
+    bool visit_vnl_interface_elem(const XMLElement& elem);
 
-    /// Reports the first attribute that the place requires and the element lacks.
-    bool report_missing_attrs(const XMLElement& elem, const FoundAttributes& attributes);
+    // The readers of AttributeTable. Each reads an attribute into the interface and returns whether
+    // no error has been reported.
 
-    bool visit_vnl_interface_elem(const XMLElement& elem, const FoundAttributes& attributes);
-
-    // The readers of ATTRIBUTES. Each returns whether no error has been reported.
-
-    bool read_name(const XMLElement& elem, const FoundAttribute& found);
+    /// An attribute without a rule of its own.
+    template <auto Field>
+    bool read_plain(const XMLElement& elem, const FoundAttribute& found) {
+        return query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, REQUIRED);
+    }
     bool read_ports(const XMLElement& elem, const FoundAttribute& found);
     bool read_type(const XMLElement& elem, const FoundAttribute& found);
     bool read_width(const XMLElement& elem, const FoundAttribute& found);
@@ -60,17 +47,6 @@ private:
     bool read_write_ack(const XMLElement& elem, const FoundAttribute& found);
     bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
-    /// Read an attribute that has no rule of its own into `Field`, of the interface or its intf->
-    template <auto Field>
-    bool read_plain(const XMLElement& elem, const FoundAttribute& found) {
-        return query_attribute(elem, found, &(m_intf.get()->*Field), REPORT, REQUIRED);
-    }
-    template <auto Field>
-    bool read_detail(const XMLElement& elem, const FoundAttribute& found) {
-        return query_attribute(elem, found, &(m_intf->*Field), REPORT, REQUIRED);
-    }
-
-    Place m_place;
     std::unique_ptr<Interface> m_intf;  // until released
 };
 

@@ -36,7 +36,7 @@ bool InterfacesVisitor::visit_interfaces_elem(const XMLElement& elem) {
 }
 
 bool InterfacesVisitor::visit_interface_elem(const XMLElement& elem) {
-    InterfaceVisitor reader(this, InterfaceVisitor::InInterfaces);
+    InterfaceVisitor reader(this);
     if (!report_unexpected_elem_stack(elem, 1, "interfaces") || !walk_with(elem, &reader)) {
         return false;
     }
