@@ -109,12 +109,7 @@ unsigned BaseVisitor::get_element_count(unsigned n, ...) const {
 }
 
 unsigned BaseVisitor::get_element_count_va(unsigned n, std::va_list names) const {
-    std::string key;
-    for (unsigned i = 0; i < n; ++i) {
-        key += i == 0 ? "" : "/";
-        key += va_arg(names, const char*);
-    }
-    return m_elem_stack.count_of(key);
+    return m_elem_stack.count_of(n, names);
 }
 
 bool BaseVisitor::check_element_stack(unsigned n, ...) const {

@@ -141,17 +141,6 @@ public:
     bool report_missing_attr(const XMLElement& elem, const std::string& attr,
                              const std::string& msg);
 
-    /// Reports the first of the `required` attributes that the element lacks.
-    template <std::size_t N>
-    bool report_missing_attrs(const XMLElement& elem, const char* const (&required)[N]) {
-        for (const char* name : required) {
-            if (!attribute_exists(elem, name)) {
-                return report_missing_attr(elem, name, "");
-            }
-        }
-        return true;
-    }
-
     /// Reported at the attribute, or at the element when it has no such attribute.
     bool report_attr_type_error(const XMLElement& elem, const std::string& attr,
                                 const std::string& msg);

@@ -45,14 +45,24 @@ std::string ElementStack::key() const {
     return key;
 }
 
-unsigned ElementStack::count_of(std::string_view key) const {
+unsigned ElementStack::count_of(unsigned n, std::va_list names) const {
     const Path* path = &m_first_paths[0];
-    for (std::size_t start = 0; !key.empty() && path != nullptr && start <= key.size();) {
+    for (unsigned i = 0; i < n && path != nullptr; ++i) {
+        const std::string_view name = va_arg(names, const char*);
+        if (n > 1 || !name.empty()) {  // one empty name is the key of the empty path
+            path = find_key(path, name);
+        }
+    }
+    return path == nullptr ? 0 : path->count;
+}
+
+const ElementStack::Path* ElementStack::find_key(const Path* path, std::string_view key) {
+    for (std::size_t start = 0; start <= key.size() && path != nullptr;) {
         const std::size_t end = std::min(key.find(SEPARATOR, start), key.size());
         path = path->find(key.substr(start, end - start));
         start = end + 1;
     }
-    return path == nullptr ? 0 : path->count;
+    return path;
 }
 
 ElementName ElementStack::name_at(std::size_t depth) const {

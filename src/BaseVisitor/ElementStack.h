@@ -58,8 +58,8 @@ public:
     /// How often the path of the open elements has been entered.
     unsigned& count() { return m_current->count; }
 
-    /// How often the path has been entered that has this key; the empty key is the empty path.
-    unsigned count_of(std::string_view key) const;
+    /// How often the path has been entered whose key is the given names joined with "/".
+    unsigned count_of(unsigned n, std::va_list names) const;
 
 private:
     /// A path of names, and how often it has been entered. A schema has few, and an element outside
@@ -82,6 +82,9 @@ private:
     };
 
     Path* add_path(ElementName name);
+
+    /// The path that is `path` with the names of `key` appended; null when it has not been entered.
+    static const Path* find_key(const Path* path, std::string_view key);
 
     /// Name of an open element by its depth, 0 being the outermost.
     ElementName name_at(std::size_t depth) const;

@@ -41,9 +41,8 @@ bool ChannelsVisitor::visit_channels_elem(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
-    InterfaceVisitor reader(this);
-    if (!(report_unexpected_elem_stack(elem, 1, "channels")
-          && report_missing_attrs(elem, REQUIRED_ATTRIBUTES) && walk_with(elem, &reader))) {
+    InterfaceVisitor reader(this, REQUIRED_ATTRIBUTES);
+    if (!report_unexpected_elem_stack(elem, 1, "channels") || !walk_with(elem, &reader)) {
         return false;
     }
     std::unique_ptr<Interface> intf(reader.release_intf());

@@ -104,8 +104,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
 }
 
 bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
-    InterfaceVisitor reader(this);
-    if (!(report_missing_attrs(elem, REQUIRED_INTERFACE_ATTRIBUTES) && walk_with(elem, &reader))) {
+    InterfaceVisitor reader(this, REQUIRED_INTERFACE_ATTRIBUTES);
+    if (!walk_with(elem, &reader)) {
         return false;
     }
     VEMO_ASSERT(m_global_mem != NULL);

@@ -24,9 +24,9 @@ struct InterfaceVisitor::Attribute {
     bool (InterfaceVisitor::*read)(const XMLElement& elem, const FoundAttribute& found);
 };
 
-struct InterfaceVisitor::AttributeTable {
+struct InterfaceVisitor::Attributes {
     // In the order of reading. No other attribute is allowed.
-    static constexpr Attribute ROWS[] = {
+    static constexpr Attribute TABLE[] = {
         {"name", Attribute::Reported, &InterfaceVisitor::read_plain<&Interface::name>},
         {"port", Attribute::Read, &InterfaceVisitor::read_ports},
         {"type", Attribute::Reported, &InterfaceVisitor::read_type},
@@ -47,38 +47,55 @@ struct InterfaceVisitor::AttributeTable {
         {"addpipe", Attribute::Skipped, &InterfaceVisitor::read_plain<&Interface::addpipe>},
         {"sampling_rate", Attribute::Skipped, &InterfaceVisitor::read_sampling_rate},
     };
+
+    explicit Attributes(const XMLElement& elem) : found(elem, TABLE) {}
+
+    vemo::xml::FoundAttributes<Attribute, std::size(TABLE)> found;
 };
 
-InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent) : BaseVisitor(parent) {}
+InterfaceVisitor::InterfaceVisitor(BaseVisitor* parent, ArrayView<const char*> required)
+    : BaseVisitor(parent), m_required(required) {}
 
 Interface* InterfaceVisitor::release_intf() { return m_intf.release(); }
 
 bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
-    BaseVisitor::VisitEnter(elem, first_attribute);
-    if (depth() == 1) {
-        return visit_vnl_interface_elem(elem);
+    if (depth() == 0) {
+        // What the place requires comes first: without it, the element is not even entered.
+        const Attributes attributes(elem);
+        return report_missing_attrs(elem, attributes)
+               && BaseVisitor::VisitEnter(elem, first_attribute)
+               && visit_vnl_interface_elem(elem, attributes);
     }
+    BaseVisitor::VisitEnter(elem, first_attribute);
     if (current_name() == "port") {
         return false;  // the PortVisitor has read it
     }
     return report_unexpected_elem(elem, "");
 }
 
-bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem) {
-    const vemo::xml::FoundAttributes attributes(elem, AttributeTable::ROWS);
-    if (!(report_unexpected_elem_stack(elem, 0) && report_unexpected_attrs(elem, attributes))) {
-        return !m_has_error;
+bool InterfaceVisitor::report_missing_attrs(const XMLElement& elem, const Attributes& attributes) {
+    for (const char* name : m_required) {
+        if (attributes.found[name].attribute == nullptr) {
+            return report_missing_attr(elem, name, "");
+        }
+    }
+    return true;
+}
+
+bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem,
+                                                const Attributes& attributes) {
+    if (!report_unexpected_attrs(elem, attributes.found)) {
+        return false;
     }
     m_intf = std::make_unique<Interface>();
-    for (std::size_t row = 0; row < std::size(AttributeTable::ROWS); ++row) {
-        const Attribute& attribute = AttributeTable::ROWS[row];
-        if (!attributes.has(row) && attribute.absence == Attribute::Skipped) {
-            continue;
-        }
-        if (!attributes.has(row) && attribute.absence == Attribute::Reported) {
+    for (std::size_t row = 0; row < std::size(Attributes::TABLE); ++row) {
+        const Attribute& attribute = Attributes::TABLE[row];
+        const bool is_found = attributes.found.has(row);
+        if (!is_found && attribute.absence == Attribute::Reported) {
             return report_missing_attr(elem, attribute.name, "");
         }
-        if (!(this->*attribute.read)(elem, attributes[row])) {
+        if ((is_found || attribute.absence == Attribute::Read)
+            && !(this->*attribute.read)(elem, attributes.found[row])) {
             return false;
         }
     }

@@ -2,16 +2,18 @@
 
 #include <memory>
 
+#include "Base/ArrayView.h"
 #include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::board::xml {
 
 /// Reads one `interface` element, wherever it stands: its attributes, and its ports through a
-/// PortVisitor. Rules that depend on the place are the caller's.
+/// PortVisitor. The rules of the place are the caller's.
 class InterfaceVisitor : public vemo::xml::BaseVisitor {
 public:
-    explicit InterfaceVisitor(BaseVisitor* parent);
+    /// Reports the first of the attributes `required` that the element lacks, before it reads any.
+    explicit InterfaceVisitor(BaseVisitor* parent, ArrayView<const char*> required = {});
 
     using BaseVisitor::VisitEnter;
     using BaseVisitor::VisitExit;
@@ -25,12 +27,13 @@ public:
 private:
     using FoundAttribute = vemo::xml::FoundAttribute;
     struct Attribute;
-    struct AttributeTable;
+    struct Attributes;
 
-    bool visit_vnl_interface_elem(const XMLElement& elem);
+    bool report_missing_attrs(const XMLElement& elem, const Attributes& attributes);
+    bool visit_vnl_interface_elem(const XMLElement& elem, const Attributes& attributes);
 
-    // The readers of AttributeTable. Each reads an attribute into the interface and returns whether
-    // no error has been reported.
+    // The readers of Attributes::TABLE. Each reads an attribute into the interface and returns
+    // whether no error has been reported.
 
     /// An attribute without a rule of its own.
     template <auto Field>
@@ -47,6 +50,7 @@ private:
     bool read_write_ack(const XMLElement& elem, const FoundAttribute& found);
     bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
+    ArrayView<const char*> m_required;
     std::unique_ptr<Interface> m_intf;  // until released
 };
 
