@@ -3,12 +3,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
 #include "BoardDump/FlowSources.h"
+#include "BoardDump/InterfaceAttributes.h"
 #include "BoardSpec/Words.h"
 
 namespace vemo::dump {
@@ -61,29 +64,29 @@ Json describe_port(const board::Port& port) {
              })}};
 }
 
+Json describe(const AttributeValue& value) {
+    return std::visit(
+        [](const auto& alternative) {
+            using Alternative = std::decay_t<decltype(alternative)>;
+            if constexpr (std::is_same_v<Alternative, std::monostate>) {
+                return Json(nullptr);
+            } else {
+                return Json(alternative);
+            }
+        },
+        value);
+}
+
 Json describe_interface(const board::Interface* intf) {
-    Json ports = Json::array();
+    Json interface = Json::object();
+    for (const InterfaceAttribute& attribute : INTERFACE_ATTRIBUTES) {
+        interface[attribute.name] = describe(attribute.value(*intf));
+    }
+    Json& ports = interface["port"] = Json::array();
     for (unsigned i = 0; i < intf->get_num_ports(); ++i) {
         ports.push_back(describe_port(*intf->get_port(i)));
     }
-    return {{"name", intf->name},
-            {"type", word(board::INTERFACE_TYPE_WORDS, intf->get_type())},
-            {"width", if_given(intf->get_data_width())},
-            {"maxburst", intf->get_max_burst_count()},
-            {"address", intf->address},
-            {"size", if_given(intf->get_size())},
-            {"chan_id", intf->chan_id},
-            {"enable", intf->enable},
-            {"clock", intf->clock},
-            {"misc", intf->misc},
-            {"latency", intf->latency},
-            {"latency_type", word(board::LATENCY_TYPE_WORDS, intf->latency_type)},
-            {"waitrequest", intf->waitrequest},
-            {"waitrequest_allowance", intf->waitrequest_allowance},
-            {"bsp_vnmm_write_ack", intf->bsp_vnmm_write_ack},
-            {"addpipe", intf->addpipe},
-            {"sampling_rate", if_given(intf->get_sampling_rate())},
-            {"port", std::move(ports)}};
+    return interface;
 }
 
 Json describe_interfaces(const board::InterfaceList& list_of_interfaces) {
