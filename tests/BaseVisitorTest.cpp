@@ -117,6 +117,11 @@ TEST(BaseVisitor, CountsPathsOfNames) {
                      p.get_element_count(2, "a", "b"), p.get_element_count(3, "a", "b", "c"),
                      p.get_element_count(2, "a", "c"), p.get_element_count(2, "b", "c")),
               "0|1|2|3|0|0|");
+    EXPECT_EQ(p.get_element_count(1, "a/b"), 2u);
+    EXPECT_EQ(p.get_element_count(2, "a/b", "c"), 3u);
+    for (const char* key : {"", "/", "/a", "a/", "a//b", "a/b/"}) {
+        EXPECT_EQ(p.get_element_count(1, key), 0u) << key;
+    }
 }
 
 TEST(BaseVisitor, ChecksPosition) {
@@ -170,6 +175,8 @@ TEST(BaseVisitor, WordsReports) {
     EXPECT_EQ(said(p.report_unexpected_attrs(e, 1, "v")),
               edit(edit(unexpected_v, "3", "2"), "v", "k"));
     EXPECT_EQ(said(p.report_unexpected_attrs(e, 1, only_k)), unexpected_v);
+    static const char* const constant_names[] = {"k"};
+    EXPECT_EQ(said(p.report_unexpected_attrs(e, 1, constant_names)), unexpected_v);
     p.m_has_error = true;
     EXPECT_FALSE(p.report_unexpected_attrs(e, 2, "k", "v"));  // the earlier error tells
 

@@ -1,5 +1,8 @@
 #include "BoardSpec/BoardSpec.h"
 
+#include <iomanip>
+#include <locale>
+#include <sstream>
 #include <stdexcept>
 
 #include "BoardSpec/Dump.h"
@@ -20,6 +23,27 @@ static void add_interface(GlobalMemConfig& gmc, unsigned address, unsigned size,
     intf->address = address;
     intf->set_size(size);
     intf->set_data_width(width);
+}
+
+TEST(BoardSpecDump, DependsOnNoLocaleOrPrecision) {
+    struct Grouping : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    std::ostringstream os;
+    os.imbue(std::locale(std::locale::classic(), new Grouping));
+    os << std::setprecision(2) << std::showbase << std::uppercase;
+    HostConfig host;
+    host.kernel_config_start = 0xabcdef;
+    host.set_kernel_config_size(1);
+    BoardSpec spec;
+    spec.version = 17.25f;
+    os << spec.version << " " << spec << " " << host;
+    EXPECT_EQ(split(os.str(), "Name:")[0], "17.25 Board specification (v17.25):\n  ");
+    EXPECT_EQ(split(os.str(), "start: ")[1],
+              "0x00abcdef\n  Kernel configuration size:  0x00000001");
+    EXPECT_EQ(os.fill(), '0');
 }
 
 TEST(BoardSpec, StartsEmpty) {

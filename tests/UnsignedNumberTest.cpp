@@ -1,5 +1,7 @@
 #include "BaseVisitor/UnsignedNumber.h"
 
+#include <cstdlib>
+
 #include "Testing.h"
 
 using namespace vemo::xml;
@@ -33,6 +35,22 @@ TEST(UnsignedNumber, StoresLeadingDigits) {
     EXPECT_FALSE(convert_to_unsigned64("12x", &number64, 16));
     EXPECT_EQ(fields(number, number64), "7|18|");
     EXPECT_TRUE(convert_to_unsigned("0x11", &number, 0) && number == 17);
+}
+
+TEST(UnsignedNumber, ReadsEveryBaseAsTheCLibrary) {
+    for (int base = 2; base <= 36; ++base) {
+        for (const char* text : {"0", "1", "012", "09", "0x", "0xf", "0zZ", "1 ", "0000000001"}) {
+            char* end = nullptr;
+            const unsigned long expected = std::strtoul(text, &end, base);
+            std::uint32_t number = 7;
+            EXPECT_EQ(convert_to_unsigned(text, &number, base), *end == '\0') << text << base;
+            EXPECT_EQ(number, expected) << text << " in base " << base;
+        }
+    }
+    for (const int base : {-16, -1, 1, 37}) {
+        std::uint32_t number = 7;
+        EXPECT_FALSE(convert_to_unsigned("1", &number, base)) << base;
+    }
 }
 
 TEST(UnsignedNumber, ReadsStreamsOfWords) {

@@ -10,6 +10,8 @@ namespace vemo::xml {
 namespace {
 
 constexpr int BASE_BY_PREFIX = 0;
+constexpr int LEAST_BASE = 2;
+constexpr int GREATEST_BASE = 36;
 
 bool is_decimal_digit(char c) { return c >= '0' && c <= '9'; }
 
@@ -33,6 +35,10 @@ bool convert(const char* text, Unsigned* out, int base) {
     }
     if (base == BASE_BY_PREFIX) {
         base = base_of_prefix(text);
+    }
+    if (base < LEAST_BASE || base > GREATEST_BASE) {
+        *out = 0;
+        return false;
     }
     if (base == 16 && has_hex_prefix(text)) {
         text += 2;

@@ -74,9 +74,7 @@ std::string target_model(const AnswerSources& sources) { return sources.dm->targ
 
 std::string board_version(const AnswerSources& sources) { return to_string(sources.spec->version); }
 
-}  // namespace
-
-const Answer ANSWERS[] = {
+constexpr Answer ANSWER_ROWS[] = {
     {"automigrate_exclude", flow_text<&CompileConfig::automigrate_exclude>},
     {"automigrate_include", flow_text<&CompileConfig::automigrate_include>},
     {"automigrate_type", flow_text<&CompileConfig::automigrate_type>},
@@ -101,7 +99,7 @@ const Answer ANSWERS[] = {
     {"version", board_version},
 };
 
-const char* const COMPILE_FLOW_COMMANDS[] = {
+constexpr const char* COMPILE_FLOW_COMMAND_ROWS[] = {
     "project",
     "revision",
     "lomb_file",
@@ -112,6 +110,11 @@ const char* const COMPILE_FLOW_COMMANDS[] = {
     "automigrate_include",
     "automigrate_exclude",
 };
+
+}  // namespace
+
+const ArrayView<Answer> ANSWERS = ANSWER_ROWS;
+const ArrayView<const char*> COMPILE_FLOW_COMMANDS = COMPILE_FLOW_COMMAND_ROWS;
 
 std::optional<std::string> find_answer(std::string_view command, const AnswerSources& sources) {
     for (const Answer& answer : ANSWERS) {

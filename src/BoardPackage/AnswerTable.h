@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "Base/ArrayView.h"
 #include "BoardSpec/BoardSpec.h"
 #include "DeviceModel.h"
 #include "TargetModel/TargetModel.h"
@@ -27,10 +28,10 @@ struct Answer {
 };
 
 /// All commands, in ascending byte order.
-extern const Answer ANSWERS[22];
+extern const ArrayView<Answer> ANSWERS;
 
 /// Those that read a compile flow, in the order in which they are listed to the user.
-extern const char* const COMPILE_FLOW_COMMANDS[9];
+extern const ArrayView<const char*> COMPILE_FLOW_COMMANDS;
 
 /// The answer to exactly that command; nothing when there is no such command.
 std::optional<std::string> find_answer(std::string_view command, const AnswerSources& sources);

@@ -1,6 +1,8 @@
 #include "BoardSpec/Dump.h"
 
+#include <cinttypes>
 #include <cstdint>
+#include <cstdio>
 #include <iomanip>
 #include <iterator>
 
@@ -13,11 +15,12 @@ static_assert(std::size(TYPE_NAMES) == Interface::TypeCount);
 constexpr int ADDRESS_DIGITS = 16;
 constexpr int HOST_ADDRESS_DIGITS = 8;
 
-/// Writes `value` as 0x and `digits` lower-case hexadecimal digits.
-void write_hex(std::ostream& os, std::uint64_t value, int digits) {
-    const std::ios::fmtflags flags = os.flags(std::ios::hex | std::ios::right);
-    os << "0x" << std::setfill('0') << std::setw(digits) << value;
-    os.flags(flags);
+/// Writes `value` as 0x and `digits` lower-case hexadecimal digits, whatever the stream's locale
+/// and format, and leaves '0' as its fill character.
+void write_hex(std::ostream& os, std::uint32_t value, int digits) {
+    char text[sizeof "0x0123456789abcdef"];
+    std::snprintf(text, sizeof text, "0x%0*" PRIx32, digits, value);
+    os << text << std::setfill('0');
 }
 
 void write_interfaces(std::ostream& os, const InterfaceList& list) {
@@ -122,7 +125,7 @@ std::ostream& operator<<(std::ostream& os, const InterfaceConfig& interface_conf
 
 std::ostream& operator<<(std::ostream& os, const BoardSpec& spec) {
     // The plain number: here a version of 0 is no "<unknown>".
-    os << "Board specification (v" << static_cast<float>(spec.version) << "):\n";
+    os << "Board specification (v" << number_text(spec.version) << "):\n";
     os << "  Name: " << spec.name << "\n";
     write_part(
         os, "Device configuration",

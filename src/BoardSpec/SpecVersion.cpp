@@ -10,11 +10,15 @@ constexpr std::size_t LONGEST_TEXT = 16;  // of six digits, with sign, point and
 
 }  // namespace
 
-std::string to_string(SpecVersion version) {
+std::string number_text(SpecVersion version) {
     char text[LONGEST_TEXT];
     const std::to_chars_result result = std::to_chars(
         text, text + LONGEST_TEXT, version, std::chars_format::general, SIGNIFICANT_DIGITS);
-    const std::string number(text, result.ptr);
+    return {text, result.ptr};
+}
+
+std::string to_string(SpecVersion version) {
+    const std::string number = number_text(version);
     return version == 0 ? "<unknown>(" + number + ")" : number;
 }
 

@@ -16,7 +16,10 @@ private:
     float m_number;
 };
 
-/// The version as users see it: six significant digits, in the "C" locale; "<unknown>(0)" for 0.
+/// The number in six significant digits, in the "C" locale.
+std::string number_text(SpecVersion version);
+
+/// The version as users see it: its number, or "<unknown>(0)" when none was set.
 std::string to_string(SpecVersion version);
 
 }  // namespace vemo::board
