@@ -16,9 +16,13 @@ public:
     /// Appends `intf`, which must not be null, and takes ownership of it.
     void add_interface(Interface* intf);
 
-    /// Interface by index, which must be below the number of interfaces.
+    /// Interface number `i`, counted from 0; it must exist.
     const Interface& get_intf(unsigned i) const;
+
+    /// Number of interfaces.
     unsigned get_num_intfs() const { return static_cast<unsigned>(m_interfaces.size()); }
+
+    /// All interfaces, none of them null. Owned by this object.
     const std::vector<Interface*>& get_interfaces() const { return m_interfaces; }
 
 protected:

@@ -4,11 +4,11 @@
 
 namespace vemo::board {
 
-/// Names of the kernel's clock and reset signals.
+/// Names of the kernel's clock and reset signals, as the board file writes them.
 struct KernelClkReset {
-    std::string clk;
-    std::string clk2x;  // double-rate clock; may be empty
-    std::string reset;
+    std::string clk;    ///< The kernel clock.
+    std::string clk2x;  ///< The clock of twice that rate; empty for none.
+    std::string reset;  ///< The kernel reset.
 };
 
 }  // namespace vemo::board

@@ -6,9 +6,9 @@
 
 namespace vemo::board {
 
-/// Whether two different memories i and j overlap: min(i) < max(j) and min(j) < max(i), with min
-/// and max the minimum and maximum byte address. As the maximum is inclusive, two memories may
-/// share their boundary byte. Takes O(n log n) time.
+/// Whether two memories i and j overlap: min(i) < max(j) and min(j) < max(i), where min and max are
+/// their minimum and maximum byte addresses. The maximum is inclusive and the comparisons are
+/// strict, so two memories may share their boundary byte. Takes O(n log n) time.
 bool has_overlapping_memories(const std::vector<GlobalMemConfig*>& memories);
 
 }  // namespace vemo::board
