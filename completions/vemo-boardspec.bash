@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# Completion for vemo-boardspec, vemo-boardspec-lint and vemo-boardspec-dump in bash. It needs bash
-# alone: it splits the line itself, and so works with and without the package bash-completion,
-# whatever COMP_WORDBREAKS holds. What files contain is neither expanded nor executed.
+# bash completion for vemo-boardspec, vemo-boardspec-lint and vemo-boardspec-dump. It splits the
+# command line itself, so it does not need the bash-completion package and works with any value of
+# COMP_WORDBREAKS. The contents of files are neither expanded nor executed.
 
 _vemo_boardspec_commands=(
     automigrate_exclude
@@ -28,11 +28,11 @@ _vemo_boardspec_commands=(
     version
 )
 
-# Splits what stands before the cursor. Sets in the caller:
-#   words  the words without their quotes; the last one, maybe empty, is being completed
-#   quote  the quote that is open in the last word
-#   kept   how many characters of the last word readline leaves alone: those up to an open quote or
-#          up to the last character that breaks words
+# Splits the line before the cursor. Sets in the caller:
+#   words  the words with quotes removed; the last one, possibly empty, is being completed
+#   quote  the open quote character of the last word, if any
+#   kept   the number of characters of the last word that readline does not replace: those up to an
+#          open quote or up to the last word-breaking character
 _vemo_boardspec_split_line() {
     local line=${COMP_LINE:0:COMP_POINT} char kept_outside=0 in_word=''
     local -i i last=0
@@ -62,7 +62,7 @@ _vemo_boardspec_split_line() {
     done
 }
 
-# Offers each of the words that begins like the one being completed, quoted to stand for itself.
+# Offers the words that start with the word being completed, quoted so that they are used literally.
 _vemo_boardspec_offer() {
     local word rest
     for word in "$@"; do
@@ -77,7 +77,7 @@ _vemo_boardspec_offer() {
             *) printf -v rest %q "$rest" ;;
         esac
         if [[ $quote && $rest == *"$quote" ]]; then
-            rest+=$quote  # readline takes the one that is there for the closing quote
+            rest+=$quote  # readline takes the existing quote for the closing one
         fi
         COMPREPLY+=("$rest")
     done
@@ -93,7 +93,7 @@ _vemo_boardspec_offer_files() {
         shopt -s nullglob
         printf '%s\0' "$path"*.xml "$path"*/
     )
-    compopt -o filenames  # readline quotes them, and puts a slash behind directories
+    compopt -o filenames  # readline quotes names and adds a slash to directories
     for name in "${names[@]}"; do
         name=${name%/}
         name=$word${name:${#path}}
@@ -101,8 +101,9 @@ _vemo_boardspec_offer_files() {
     done
 }
 
-# Offers the command with each compile flow of the board that the tool tells in time. A flow whose
-# name is empty or has a colon in it cannot be asked for; control characters are kept off the line.
+# Offers the command with each compile flow of the board, if the tool answers in time. Flows whose
+# name is empty or contains a colon cannot be selected. Names with control characters are not
+# offered.
 _vemo_boardspec_offer_flows() {
     local board=${words[1]/#'~/'/"$HOME/"} command=${words[2]%%:*} answer flow
     answer=$(timeout 2 vemo-boardspec "$board" compileflownames 2>/dev/null </dev/null) || return
@@ -119,7 +120,7 @@ _vemo_boardspec() {
     case ${#words[@]} in
         2) _vemo_boardspec_offer_files ;;
         3)
-            compopt -o nospace  # a colon may follow, and nothing else does
+            compopt -o nospace  # only a colon may follow
             if [[ ${words[2]} == *:* ]]; then
                 _vemo_boardspec_offer_flows
             else

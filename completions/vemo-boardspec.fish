@@ -1,31 +1,31 @@
-# Completion for vemo-boardspec, vemo-boardspec-lint and vemo-boardspec-dump in fish. What files
-# contain is neither expanded nor executed.
+# fish completion for vemo-boardspec, vemo-boardspec-lint and vemo-boardspec-dump. The contents of
+# files are neither expanded nor executed.
 
 set -g __vemo_boardspec_commands \
-    automigrate_exclude\t'fixes that migration leaves out' \
-    automigrate_include\t'fixes that migration makes' \
+    automigrate_exclude\t'fixes to skip during migration' \
+    automigrate_include\t'fixes to apply during migration' \
     automigrate_type\t'platform type for automatic migration' \
     channelnames\t'identifiers of the streaming channels' \
     compileflownames\t'names of the compile flows' \
     defaultname\t'name of the default compile flow' \
-    devicemodel\t'device model file as the board file writes it' \
+    devicemodel\t'device model file name in the board file' \
     generate_cmd\t'command that generates the system' \
-    generic_kernel\t'1 if the flow takes a generic kernel' \
+    generic_kernel\t'1 if the flow uses a generic kernel' \
     globalmemnames\t'names of the global memories' \
-    has_snoop\t'1 if a kernel interface is a stream source' \
+    has_snoop\t'1 if any kernel interface is a stream source' \
     lomb_file\t'system integration file' \
     name\t'name of the board' \
     numcompileflows\t'number of compile flows' \
     numglobalmems\t'number of global memories' \
-    project\t'project of a compile flow' \
+    project\t'project name' \
     resolved_devicemodel\t'path of the device model file' \
     resolved_targetmodel\t'path of the target model file' \
     revision\t'revision of the project' \
     synthesize_cmd\t'command that synthesizes the system' \
-    targetmodel\t'target model file as the device model writes it' \
+    targetmodel\t'target model file name in the device model' \
     version\t'version of the board file format'
 
-# Whether the argument of that number is being completed.
+# Whether the argument with the given number is being completed.
 function __vemo_boardspec_at_argument -a number
     test (count (commandline -opc)) -eq $number
 end
@@ -35,9 +35,9 @@ function __vemo_boardspec_files
     __fish_complete_suffix .xml | string match -r '.*(?:\.xml|/)(?:\t.*)?$'
 end
 
-# The commands; once there is a colon, what stands before it with each compile flow of the board
-# that the tool tells in time. A flow whose name is empty or has a colon in it cannot be asked for;
-# control characters are kept off the line.
+# The commands; after a colon, the command with each compile flow of the board, if the tool answers
+# in time. Flows whose name is empty or contains a colon cannot be selected. Names with control
+# characters are not offered.
 function __vemo_boardspec_command_words
     set -l command (string match -rg '^["\']?([a-z_]+:)' -- (commandline -ct))
     if test -z "$command"
@@ -56,11 +56,11 @@ complete -c vemo-boardspec -n '__vemo_boardspec_at_argument 1' -a '(__vemo_board
 complete -c vemo-boardspec -n '__vemo_boardspec_at_argument 2' -a '(__vemo_boardspec_command_words)'
 
 complete -c vemo-boardspec-lint -f -a '(__vemo_boardspec_files)'
-complete -c vemo-boardspec-lint -l help -d 'tell the usage'
-complete -c vemo-boardspec-lint -l version -d 'tell the version'
+complete -c vemo-boardspec-lint -l help -d 'print a usage summary'
+complete -c vemo-boardspec-lint -l version -d 'print the version'
 
 complete -c vemo-boardspec-dump -f -a '(__vemo_boardspec_files)'
-complete -c vemo-boardspec-dump -l allow-overlap -d 'accept memories that overlap'
-complete -c vemo-boardspec-dump -l format -x -a 'text json sh make' -d 'form of the output'
-complete -c vemo-boardspec-dump -l help -d 'tell the usage'
-complete -c vemo-boardspec-dump -l version -d 'tell the version'
+complete -c vemo-boardspec-dump -l allow-overlap -d 'accept overlapping global memories'
+complete -c vemo-boardspec-dump -l format -x -a 'text json sh make' -d 'output format'
+complete -c vemo-boardspec-dump -l help -d 'print a usage summary'
+complete -c vemo-boardspec-dump -l version -d 'print the version'
