@@ -1,5 +1,5 @@
-# Link vemo_hardening to build a target the way Debian hardens its programs, with the assertions of
-# the C++ library on top. What the builder's own flags already say is left to them.
+# Link to vemo_hardening to build a target with the hardening flags of Debian and the assertions of
+# the C++ library. Flags that the builder has set take precedence.
 
 option(VEMO_HARDENING "Build with hardening flags and C++ library assertions" ON)
 
@@ -13,7 +13,8 @@ if(VEMO_HARDENING)
     set(compile_flags "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${config}}")
     set(link_flags "${CMAKE_EXE_LINKER_FLAGS} ${CMAKE_EXE_LINKER_FLAGS_${config}} ${compile_flags}")
 
-    # vemo_harden(FLAGS PATTERN KIND FLAG...): adds flags unless FLAGS, the builder's, match PATTERN.
+    # vemo_harden(FLAGS PATTERN KIND FLAG...): adds each FLAG unless the builder's FLAGS match
+    # PATTERN.
     function(vemo_harden builder_flags pattern kind)
         if("${builder_flags}" MATCHES "${pattern}")
             return()
@@ -21,7 +22,7 @@ if(VEMO_HARDENING)
         cmake_language(CALL "target_${kind}" vemo_hardening INTERFACE ${ARGN})
     endfunction()
 
-    set(optimized "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")  # _FORTIFY_SOURCE needs it
+    set(optimized "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")  # required by _FORTIFY_SOURCE
     vemo_harden("${compile_flags}" "stack-protector" compile_options -fstack-protector-strong)
     vemo_harden("${compile_flags}" "format-security" compile_options -Wformat -Werror=format-security)
     vemo_harden("${compile_flags}" "_FORTIFY_SOURCE" compile_definitions "$<${optimized}:_FORTIFY_SOURCE=2>")

@@ -1,5 +1,5 @@
-# What `cmake --install` puts where. No installed file names a folder of the machine that built it,
-# nor the prefix: the installed tree can be moved.
+# Installation rules. No installed file contains the prefix or a path of the build machine, so the
+# installed tree is relocatable.
 
 include(CMakePackageConfigHelpers)
 
@@ -7,8 +7,8 @@ set(vemo_include_dir "${CMAKE_INSTALL_INCLUDEDIR}/vemo-boardspec")
 set(vemo_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vemo-boardspec")
 set(vemo_schema_dir "${CMAKE_INSTALL_DATADIR}/vemo-boardspec/schema")
 
-# vemo_install_text(FILES|PROGRAMS <destination> <file>...): installs texts of the source tree with
-# the @VARIABLES@ in them, such as @PROJECT_VERSION@, filled in.
+# vemo_install_text(FILES|PROGRAMS <destination> <file>...): installs text files of the source tree
+# after replacing @VARIABLES@ such as @PROJECT_VERSION@.
 function(vemo_install_text kind destination)
     foreach(file IN LISTS ARGN)
         configure_file("${PROJECT_SOURCE_DIR}/${file}" "${PROJECT_BINARY_DIR}/${file}" @ONLY)
@@ -16,7 +16,7 @@ function(vemo_install_text kind destination)
     endforeach()
 endfunction()
 
-# The programs, and the library with its headers.
+# The programs and the library with its headers.
 set(vemo_programs vemo-boardspec)
 if(VEMO_BUILD_DUMP)
     list(APPEND vemo_programs vemo-boardspec-dump)
@@ -37,18 +37,18 @@ install(FILES
         "${CMAKE_CURRENT_BINARY_DIR}/vemo-boardspec-config-version.cmake"
     DESTINATION "${vemo_package_dir}")
 
-# The pkg-config file, which finds the prefix from where it is itself.
+# The pkg-config file, which derives the prefix from its own location.
 set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH pc_to_prefix "${CMAKE_INSTALL_PREFIX}/${pc_dir}" "${CMAKE_INSTALL_PREFIX}")
 vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
 
-# The schemas, with the catalogue that editors look them up in.
+# The schemas, with the catalog in which editors look them up.
 install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}")
 
-# The manual, and completion: bash and fish look for a file with the name of the program, zsh knows
-# from the file itself.
+# Manual pages and completions. bash and fish look for a file named after the program; in zsh, one
+# file lists its programs.
 set(VEMO_ZSH_COMPLETION_DIR "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" CACHE STRING
-    "Where zsh finds completion functions")
+    "Install directory of zsh completion functions")
 foreach(program IN LISTS vemo_programs)
     vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man1" man/${program}.1)
     install(FILES completions/vemo-boardspec.bash RENAME ${program}

@@ -1,5 +1,5 @@
-# Defines tinyxml2::tinyxml2: from the library's own CMake package, else from pkg-config. It is for
-# the includer to test whether the target exists. (Also installed: part of the CMake package.)
+# Defines tinyxml2::tinyxml2, from the CMake package of the library or from pkg-config. The includer
+# must test whether the target exists. (This file is also installed as part of the CMake package.)
 
 if(NOT TARGET tinyxml2::tinyxml2)
     find_package(tinyxml2 CONFIG QUIET)

@@ -1,4 +1,4 @@
-# Link vemo_warnings to compile a target of this project with its warnings.
+# Link to vemo_warnings to compile a target with the warnings of this project.
 
 option(VEMO_WERROR "Treat compiler warnings as errors" OFF)
 

@@ -4,16 +4,16 @@
 include("${CMAKE_CURRENT_LIST_DIR}/Tinyxml2.cmake")
 if(NOT TARGET tinyxml2::tinyxml2)
     set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE)
-    set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "It needs tinyxml2, which was not found.")
+    set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "tinyxml2 is required, but was not found.")
     return()
 endif()
 include("${CMAKE_CURRENT_LIST_DIR}/vemo-boardspec-targets.cmake")
 
 # vemo_boardspec_query(<variable> <board> <command>)
 #
-# Asks the tool one question and sets <variable> to the answer. <board> is the path of a board file,
-# relative to the current source directory. A failure ends the configure run with what the tool has
-# to say. The run is repeated when the board file or a model file that it leads to has changed.
+# Runs the tool and sets <variable> to the answer. <board> is the path of a board file, relative to
+# the current source directory. If the tool fails, configuration stops with its error message. CMake
+# reconfigures when the board file or one of its model files changes.
 function(vemo_boardspec_query variable board command)
     get_filename_component(board "${board}" ABSOLUTE)
     get_target_property(tool vemo::vemo-boardspec LOCATION)
@@ -21,7 +21,7 @@ function(vemo_boardspec_query variable board command)
         WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}"
         RESULT_VARIABLE status OUTPUT_VARIABLE answer ERROR_VARIABLE errors)
     if(NOT status EQUAL 0)
-        # Indented lines are those that message() does not fill anew.
+        # message() does not reflow indented lines.
         string(REPLACE "\n" "\n  " text "${answer}${errors}")
         message(FATAL_ERROR "vemo-boardspec failed (${status}):\n  ${text}")
     endif()

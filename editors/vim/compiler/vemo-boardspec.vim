@@ -1,6 +1,6 @@
 " Vim compiler file
-" Compiler: vemo-boardspec, on the board file in the current buffer
-" Copy it to ~/.vim/compiler, then say ":compiler vemo-boardspec" and ":make".
+" Compiler: vemo-boardspec, for the board file in the current buffer
+" Copy this file to ~/.vim/compiler, then run ":compiler vemo-boardspec" and ":make".
 
 if exists('current_compiler')
   finish
@@ -9,8 +9,8 @@ let current_compiler = 'vemo-boardspec'
 
 CompilerSet makeprg=vemo-boardspec\ %:S\ name
 
-" Of a fault with a place, two lines: the place and the message. The closing "Failed to load" ends
-" it; where that line stands without one, it is what there is to say.
+" An error with a location has two lines, the location and the message, and ends at the line "Failed
+" to load". Without a preceding error, that line is the message.
 CompilerSet errorformat=%EError\ in\ '%f'\\,\ line\ %l,
       \%EError\ in\ '%f':,
       \%EXML\ error:\ %m\\,\ Error=%.%#\ Line\ number=%l%.%#,
