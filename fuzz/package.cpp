@@ -18,6 +18,7 @@
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
+#include "TargetModel/Dump.h"
 #include "TargetModelXmlLoader.h"
 #include "expected_invariants.h"
 

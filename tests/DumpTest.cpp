@@ -8,6 +8,7 @@
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
 #include "BoardSpec/Dump.h"
+#include "TargetModel/Dump.h"
 #include "Testing.h"
 #include "Xml.h"
 

@@ -1,5 +1,6 @@
 #include "TargetModel/TargetModel.h"
 
+#include "TargetModel/Dump.h"
 #include "Testing.h"
 
 using namespace vemo::tmodel;

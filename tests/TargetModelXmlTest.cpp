@@ -1,3 +1,4 @@
+#include "TargetModel/Dump.h"
 #include "TargetModelXml/TargetModelVisitor.h"
 #include "TargetModelXmlLoader.h"
 #include "Testing.h"

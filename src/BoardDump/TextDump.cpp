@@ -9,6 +9,7 @@
 #include "BoardSpec/Dump.h"
 #include "BoardSpec/MemoryOverlap.h"
 #include "BoardSpec/Words.h"
+#include "TargetModel/Dump.h"
 
 namespace vemo::dump {
 namespace {

@@ -4,6 +4,7 @@
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
+#include "TargetModel/Dump.h"
 #include "TargetModelXmlLoader.h"
 #include "Version.h"
 
