@@ -9,15 +9,14 @@
 
 namespace vemo::tmodel::xml {
 
-/// Base of the sub-model readers. A sub-model element holds constants: elements that are named
-/// after one field of the model and give its figure in the attribute `value`. Each constant must
-/// occur exactly once.
-class ConstantsVisitor : public vemo::xml::BaseVisitor {
+/// The checks and value queries that the sub-model readers share.
+class ConstantQueries : public vemo::xml::BaseVisitor {
 public:
     using BaseVisitor::VisitEnter;
     using BaseVisitor::VisitExit;
 
-    // Value queries: true when the value was read and is in range, false after a report.
+    // Value queries, on the attribute `value` of a constant: true when it was read and is in range,
+    // false after a report, be it an earlier one.
 
     bool query_positive_unsigned_constant(const XMLElement& elem, unsigned int* value);
     bool query_boolean(const XMLElement& elem, unsigned int* value);  // 0 or 1
@@ -26,75 +25,58 @@ public:
     bool query_string_constant(const XMLElement& elem, std::string* value);
 
 protected:
-    explicit ConstantsVisitor(BaseVisitor* parent) : BaseVisitor(parent) {}
+    /// `element` is the name of the sub-model element, a literal.
+    ConstantQueries(BaseVisitor* parent, std::string_view element)
+        : BaseVisitor(parent), m_element(element) {}
 
-    /// A row of a table of constants: the element, and what reads it into a Model.
-    template <typename Model>
-    struct Constant {
-        const char* name;
-        void (*read)(ConstantsVisitor* visitor, const XMLElement& elem, Model* model);
-    };
+    /// Whether the element entered or left is named as the sub-model element.
+    bool is_sub_model_elem() const { return current_name() == m_element; }
 
-    // What stands in the rows: each reads a constant with the query of that kind into `Store`, a
-    // setter or a field of the model.
-
-    template <auto Store, typename Model>
-    static void positive(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
-        visitor->read<Store>(&ConstantsVisitor::query_positive_unsigned_constant, elem, model);
-    }
-    template <auto Store, typename Model>
-    static void boolean(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
-        visitor->read<Store>(&ConstantsVisitor::query_boolean, elem, model);
-    }
-    template <auto Store, typename Model>
-    static void any_unsigned(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
-        visitor->read<Store>(&ConstantsVisitor::query_unsigned_constant, elem, model);
-    }
-    template <auto Store, typename Model>
-    static void non_negative(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
-        visitor->read<Store>(&ConstantsVisitor::query_non_negative_float_constant, elem, model);
-    }
-    template <auto Store, typename Model>
-    static void text(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
-        visitor->read<Store>(&ConstantsVisitor::query_string_constant, elem, model);
-    }
-
-    /// Whether the sub-model element may be read: the root of the walk, once, no attributes.
+    /// Checks the sub-model element: the root of the walk, once, without attributes.
     bool check_sub_model_elem(const XMLElement& elem);
 
-    /// Reads `elem` into `model` if it is one of `constants` in its place below `parent`.
-    template <typename Model, std::size_t N>
-    bool visit_constant(const XMLElement& elem, const char* parent,
-                        const Constant<Model> (&constants)[N], Model* model) {
-        if (!check_constant_elem(elem, parent)) {
+    /// Checks a constant, of whatever name: a child of the sub-model element, once, and no
+    /// attribute but `value`.
+    bool check_constant_elem(const XMLElement& elem);
+
+private:
+    bool report_value_error(const XMLElement& elem, const char* range);
+
+    std::string_view m_element;
+};
+
+/// Base of the sub-model readers. A sub-model element holds constants: elements that are named
+/// after one field of the Model and give its figure in the attribute `value`. Each constant must
+/// occur exactly once.
+///
+/// A reader adds the table of its constants, the handler of the sub-model element, which creates
+/// the Model, and the handler of a constant, which knows where the Model is.
+template <typename Model>
+class ConstantsVisitor : public ConstantQueries {
+public:
+    using ConstantQueries::VisitEnter;
+    using ConstantQueries::VisitExit;
+
+    /// Checks the number of each constant on leaving the sub-model element.
+    bool VisitExit(const XMLElement& elem) override {
+        if (!m_has_error && is_sub_model_elem() && !check_constants(elem)) {
             return false;
         }
-        for (const Constant<Model>& constant : constants) {
-            if (current_name() == constant.name) {
-                constant.read(this, elem, model);
-                return !m_has_error;
-            }
-        }
-        return report_unexpected_elem(elem, "");
-    }
-
-    /// Whether each of `constants` has occurred once, on leaving the sub-model element `elem`.
-    template <typename Model, std::size_t N>
-    bool check_constants(const XMLElement& elem, const Constant<Model> (&constants)[N]) {
-        for (const Constant<Model>& constant : constants) {
-            if (!report_unexpected_elem_count(elem, 1, 2, elem.Value(), constant.name)) {
-                return false;
-            }
-        }
-        return true;
+        return BaseVisitor::VisitExit(elem);
     }
 
 private:
-    template <auto Store, typename Model, typename T>
-    void read(bool (ConstantsVisitor::*query)(const XMLElement&, T*), const XMLElement& elem,
-              Model* model) {
-        T value{};
-        if (!(this->*query)(elem, &value)) {
+    using Queries = ConstantQueries;
+
+    /// Never called: its result has the type that a query reads.
+    template <typename T>
+    static T value_of(bool (Queries::*query)(const XMLElement&, T*));
+
+    /// Reads the constant that `elem` is with `Query`, and puts its value into `Store`.
+    template <auto Query, auto Store>
+    static void read(ConstantsVisitor* visitor, const XMLElement& elem, Model* model) {
+        decltype(value_of(Query)) value{};
+        if (!(visitor->*Query)(elem, &value)) {
             return;
         }
         if constexpr (std::is_member_function_pointer_v<decltype(Store)>) {
@@ -104,8 +86,58 @@ private:
         }
     }
 
-    bool check_constant_elem(const XMLElement& elem, const char* parent);
-    bool report_value_range(const XMLElement& elem, const char* range);
+protected:
+    using Read = void (*)(ConstantsVisitor* visitor, const XMLElement& elem, Model* model);
+
+    /// A row of the table: a constant, and what reads it into the Model.
+    struct Constant {
+        std::string_view name;  // a literal
+        Read read;
+    };
+
+    /// The constants stand in the order of the final check.
+    template <std::size_t N>
+    ConstantsVisitor(BaseVisitor* parent, std::string_view element, const Constant (&constants)[N])
+        : ConstantQueries(parent, element), m_constants(constants), m_num_constants(N) {}
+
+    // What stands in the rows, one for each query. `Store` is a setter or a field of the Model.
+
+    template <auto Store>
+    static constexpr Read positive = read<&Queries::query_positive_unsigned_constant, Store>;
+    template <auto Store>
+    static constexpr Read boolean = read<&Queries::query_boolean, Store>;
+    template <auto Store>
+    static constexpr Read any_unsigned = read<&Queries::query_unsigned_constant, Store>;
+    template <auto Store>
+    static constexpr Read non_negative = read<&Queries::query_non_negative_float_constant, Store>;
+    template <auto Store>
+    static constexpr Read text = read<&Queries::query_string_constant, Store>;
+
+    /// Reads the constant that `elem` is into `model`; reports an element of any other name.
+    bool read_constant(const XMLElement& elem, Model* model) {
+        for (std::size_t i = 0; i < m_num_constants; ++i) {
+            if (current_name() == m_constants[i].name) {
+                m_constants[i].read(this, elem, model);
+                return !m_has_error;
+            }
+        }
+        return report_unexpected_elem(elem, "");
+    }
+
+    /// Whether each constant has occurred once in the sub-model element `elem`.
+    bool check_constants(const XMLElement& elem) {
+        for (std::size_t i = 0; i < m_num_constants; ++i) {
+            if (!report_unexpected_elem_count(elem, 1, 2, elem.Value(),
+                                              m_constants[i].name.data())) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    const Constant* m_constants;
+    std::size_t m_num_constants;
 };
 
 }  // namespace vemo::tmodel::xml

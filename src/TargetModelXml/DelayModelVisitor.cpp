@@ -1,30 +1,23 @@
 #include "TargetModelXml/DelayModelVisitor.h"
 
-#include <string_view>
-
 #include "Base/Assert.h"
 
 namespace vemo::tmodel::xml {
-namespace {
-
-constexpr const char* ELEMENT = "delay_model";
-
-}  // namespace
 
 // In the order of the final check.
-const DelayModelVisitor::Constant<DelayModel> DelayModelVisitor::CONSTANTS[] = {
+const DelayModelVisitor::Constant DelayModelVisitor::CONSTANTS[] = {
     {"alm_delay_ps", any_unsigned<&DelayModel::alm_delay_ps>},
     {"routing_delay_ps", any_unsigned<&DelayModel::routing_delay_ps>},
 };
 
 DelayModelVisitor::DelayModelVisitor(BaseVisitor* parent, TargetModel* tm)
-    : ConstantsVisitor(parent), m_tm(tm) {
+    : ConstantsVisitor(parent, "delay_model", CONSTANTS), m_tm(tm) {
     VEMO_ASSERT(tm != NULL);
 }
 
 bool DelayModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return current_name() == ELEMENT ? visit_delay_model_elem(elem) : visit_constant_elem(elem);
+    return is_sub_model_elem() ? visit_delay_model_elem(elem) : visit_constant_elem(elem);
 }
 
 bool DelayModelVisitor::visit_delay_model_elem(const XMLElement& elem) {
@@ -36,14 +29,7 @@ bool DelayModelVisitor::visit_delay_model_elem(const XMLElement& elem) {
 }
 
 bool DelayModelVisitor::visit_constant_elem(const XMLElement& elem) {
-    return visit_constant(elem, ELEMENT, CONSTANTS, &m_tm->get_delay_model());
-}
-
-bool DelayModelVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
-        return false;
-    }
-    return BaseVisitor::VisitExit(elem);
+    return check_constant_elem(elem) && read_constant(elem, &m_tm->get_delay_model());
 }
 
 }  // namespace vemo::tmodel::xml

@@ -6,21 +6,19 @@
 namespace vemo::tmodel::xml {
 
 /// Reads `family_info`: facts about the family's logic.
-class FamilyModelVisitor : public ConstantsVisitor {
+class FamilyModelVisitor : public ConstantsVisitor<FamilyModel> {
 public:
     /// Fills `tm`, which is not owned and must not be null.
     FamilyModelVisitor(BaseVisitor* parent, TargetModel* tm);
 
     using ConstantsVisitor::VisitEnter;
-    using ConstantsVisitor::VisitExit;
     bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
-    bool VisitExit(const XMLElement& elem) override;
 
 private:
-    bool visit_family_info_elem(const XMLElement& elem);
+    bool visit_family_model_elem(const XMLElement& elem);
     bool visit_constant_elem(const XMLElement& elem);
 
-    static const Constant<FamilyModel> CONSTANTS[6];
+    static const Constant CONSTANTS[];
 
     TargetModel* m_tm;
 };

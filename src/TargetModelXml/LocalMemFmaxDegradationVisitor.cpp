@@ -1,38 +1,28 @@
 #include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
 
-#include <string_view>
-
 #include "Base/Assert.h"
 
 namespace vemo::tmodel::xml {
-namespace {
-
-constexpr const char* ELEMENT = "fmax_degradation";
-
-}  // namespace
 
 // In the order of the final check.
-const LocalMemFmaxDegradationVisitor::Constant<LocalMemFmaxDegradationModel>
-    LocalMemFmaxDegradationVisitor::CONSTANTS[] = {
-        {"group_per_all_rams", non_negative<&LocalMemFmaxDegradationModel::set_group_per_all_rams>},
-        {"total_per_all_rams", non_negative<&LocalMemFmaxDegradationModel::set_total_per_all_rams>},
-        {"per_coalescing_width",
-         non_negative<&LocalMemFmaxDegradationModel::set_per_coalescing_width>},
-        {"per_log2_num_banks", non_negative<&LocalMemFmaxDegradationModel::set_per_log2_num_banks>},
-        {"per_port_fanin", non_negative<&LocalMemFmaxDegradationModel::set_per_port_fanin>},
+const LocalMemFmaxDegradationVisitor::Constant LocalMemFmaxDegradationVisitor::CONSTANTS[] = {
+    {"group_per_all_rams", non_negative<&LocalMemFmaxDegradationModel::set_group_per_all_rams>},
+    {"total_per_all_rams", non_negative<&LocalMemFmaxDegradationModel::set_total_per_all_rams>},
+    {"per_coalescing_width", non_negative<&LocalMemFmaxDegradationModel::set_per_coalescing_width>},
+    {"per_log2_num_banks", non_negative<&LocalMemFmaxDegradationModel::set_per_log2_num_banks>},
+    {"per_port_fanin", non_negative<&LocalMemFmaxDegradationModel::set_per_port_fanin>},
 };
 
 LocalMemFmaxDegradationVisitor::LocalMemFmaxDegradationVisitor(BaseVisitor* parent,
                                                                LocalMemModel* local_mem_model)
-    : ConstantsVisitor(parent), m_local_mem_model(local_mem_model) {
+    : ConstantsVisitor(parent, "fmax_degradation", CONSTANTS), m_local_mem_model(local_mem_model) {
     VEMO_ASSERT(local_mem_model != NULL);
 }
 
 bool LocalMemFmaxDegradationVisitor::VisitEnter(const XMLElement& elem,
                                                 const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    return current_name() == ELEMENT ? visit_fmax_degradation_elem(elem)
-                                     : visit_constant_elem(elem);
+    return is_sub_model_elem() ? visit_fmax_degradation_elem(elem) : visit_constant_elem(elem);
 }
 
 bool LocalMemFmaxDegradationVisitor::visit_fmax_degradation_elem(const XMLElement& elem) {
@@ -44,15 +34,8 @@ bool LocalMemFmaxDegradationVisitor::visit_fmax_degradation_elem(const XMLElemen
 }
 
 bool LocalMemFmaxDegradationVisitor::visit_constant_elem(const XMLElement& elem) {
-    return visit_constant(elem, ELEMENT, CONSTANTS,
-                          &m_local_mem_model->get_fmax_degradation_model());
-}
-
-bool LocalMemFmaxDegradationVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && current_name() == ELEMENT && !check_constants(elem, CONSTANTS)) {
-        return false;
-    }
-    return BaseVisitor::VisitExit(elem);
+    return check_constant_elem(elem)
+           && read_constant(elem, &m_local_mem_model->get_fmax_degradation_model());
 }
 
 }  // namespace vemo::tmodel::xml

@@ -6,14 +6,9 @@
 #include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
 
 namespace vemo::tmodel::xml {
-namespace {
-
-constexpr const char* ELEMENT = "local_mem";
-
-}  // namespace
 
 // In the order of the final check.
-const LocalMemVisitor::Constant<LocalMemModel> LocalMemVisitor::CONSTANTS[] = {
+const LocalMemVisitor::Constant LocalMemVisitor::CONSTANTS[] = {
     {"single_port_mem_block_width", positive<&LocalMemModel::set_single_port_mem_block_width>},
     {"single_port_mem_block_depth", positive<&LocalMemModel::set_single_port_mem_block_depth>},
     {"dual_port_mem_block_width", positive<&LocalMemModel::set_dual_port_mem_block_width>},
@@ -26,17 +21,16 @@ const LocalMemVisitor::Constant<LocalMemModel> LocalMemVisitor::CONSTANTS[] = {
 };
 
 LocalMemVisitor::LocalMemVisitor(BaseVisitor* parent, TargetModel* tm)
-    : ConstantsVisitor(parent), m_tm(tm) {
+    : ConstantsVisitor(parent, "local_mem", CONSTANTS), m_tm(tm) {
     VEMO_ASSERT(tm != NULL);
 }
 
 bool LocalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == ELEMENT) {
+    if (is_sub_model_elem()) {
         return visit_local_mem_elem(elem);
     }
-    if (name == "fmax_degradation") {
+    if (current_name() == "fmax_degradation") {
         return visit_fmax_degradation_elem(elem);
     }
     return visit_constant_elem(elem);
@@ -51,18 +45,18 @@ bool LocalMemVisitor::visit_local_mem_elem(const XMLElement& elem) {
 }
 
 bool LocalMemVisitor::visit_fmax_degradation_elem(const XMLElement& elem) {
-    return report_unexpected_elem_stack(elem, 1, ELEMENT)
+    return report_unexpected_elem_stack(elem, 1, "local_mem")
            && report_unexpected_elem_stack_count(elem, 1)
            && delegate<LocalMemFmaxDegradationVisitor>(elem, &m_tm->get_local_mem_model());
 }
 
 bool LocalMemVisitor::visit_constant_elem(const XMLElement& elem) {
-    return visit_constant(elem, ELEMENT, CONSTANTS, &m_tm->get_local_mem_model());
+    return check_constant_elem(elem) && read_constant(elem, &m_tm->get_local_mem_model());
 }
 
 bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
-    if (!m_has_error && current_name() == ELEMENT) {
-        if (!check_constants(elem, CONSTANTS)) {
+    if (!m_has_error && is_sub_model_elem()) {
+        if (!check_constants(elem)) {
             return false;
         }
         if (!m_tm->get_local_mem_model().has_fmax_degradation_model()) {

@@ -7,7 +7,7 @@ namespace vemo::tmodel::xml {
 
 /// Reads `local_mem`: the geometry of the memory blocks, and `fmax_degradation` through a visitor
 /// of its own.
-class LocalMemVisitor : public ConstantsVisitor {
+class LocalMemVisitor : public ConstantsVisitor<LocalMemModel> {
 public:
     /// Fills `tm`, which is not owned and must not be null.
     LocalMemVisitor(BaseVisitor* parent, TargetModel* tm);
@@ -22,7 +22,7 @@ private:
     bool visit_fmax_degradation_elem(const XMLElement& elem);
     bool visit_constant_elem(const XMLElement& elem);
 
-    static const Constant<LocalMemModel> CONSTANTS[7];
+    static const Constant CONSTANTS[];
 
     TargetModel* m_tm;
 };
