@@ -1,6 +1,7 @@
 #include "DeviceModel.h"
 
 #include <limits>
+#include <ostream>
 
 #include "Base/Assert.h"
 #include "Base/Ownership.h"

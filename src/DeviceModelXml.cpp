@@ -1,5 +1,8 @@
 #include "DeviceModelXml.h"
 
+#include <cstddef>
+#include <iterator>
+#include <string>
 #include <string_view>
 
 #include "Base/Assert.h"
@@ -7,28 +10,32 @@
 namespace vemo::dmodel::xml {
 namespace {
 
-/// One figure of the `fmax` element.
+constexpr bool REQUIRED = vemo::xml::BaseVisitor::REQUIRED;
+constexpr bool OPTIONAL = vemo::xml::BaseVisitor::OPTIONAL;
+
+/// A figure of the `fmax` element.
 struct FmaxAttribute {
     const char* name;
+    bool is_required;
     void (DeviceModel::*set)(float);
     const char* range_error;
 };
 
-// In the order of reading.
+// In the order of reading; the same rows are the attributes that are allowed.
 constexpr FmaxAttribute FMAX_ATTRIBUTES[] = {
-    {"expected", &DeviceModel::set_expected_fmax, "Expected fmax must be positive."},
-    {"min", &DeviceModel::set_min_fmax, "Minimum fmax must be positive."},
-    {"high", &DeviceModel::set_high_fmax, "High fmax threshold must be positive."},
+    {"expected", REQUIRED, &DeviceModel::set_expected_fmax, "Expected fmax must be positive."},
+    {"min", REQUIRED, &DeviceModel::set_min_fmax, "Minimum fmax must be positive."},
+    {"high", OPTIONAL, &DeviceModel::set_high_fmax, "High fmax threshold must be positive."},
 };
-
-// In the order of the final check.
-constexpr const char* RESOURCE_NAMES[] = {"alms", "ffs", "dsps", "rams"};
 
 }  // namespace
 
+// In the order of the final check.
+const DeviceModelVisitor::Resource DeviceModelVisitor::RESOURCES[] = {ALMS, FFS, DSPS, RAMS};
+
 DeviceModelVisitor::DeviceModelVisitor(DeviceModel* dm, vemo::xml::VisitorCallbacks* callbacks,
                                        bool debug)
-    : BaseVisitor(callbacks, debug), m_dm(dm) {
+    : DeviceResourcesVisitor(callbacks, debug), m_dm(dm) {
     VEMO_ASSERT(dm != NULL);
 }
 
@@ -74,15 +81,16 @@ bool DeviceModelVisitor::visit_device_model_elem(const XMLElement& elem) {
 }
 
 bool DeviceModelVisitor::visit_fmax_elem(const XMLElement& elem) {
+    const vemo::xml::FoundAttributes found(elem, FMAX_ATTRIBUTES);
     // All three checks are made, whatever the first ones say.
     report_unexpected_elem_stack(elem, 1, "device_model");
     report_unexpected_elem_stack_count(elem, 1);
-    report_unexpected_attrs(elem, 3, "expected", "min", "high");
+    report_unexpected_attrs(elem, found);
 
-    for (const FmaxAttribute& attribute : FMAX_ATTRIBUTES) {
-        const bool is_required = attribute.set != &DeviceModel::set_high_fmax;
+    for (std::size_t row = 0; row < std::size(FMAX_ATTRIBUTES) && !m_has_error; ++row) {
+        const FmaxAttribute& attribute = FMAX_ATTRIBUTES[row];
         float fmax = 0.0f;
-        if (!m_has_error && query_attribute(elem, attribute.name, &fmax, REPORT, is_required)) {
+        if (query_attribute(elem, found[row], &fmax, REPORT, attribute.is_required)) {
             if (!(fmax > 0.0f)) {  // NaN included
                 return report_attr_error(elem, attribute.name, attribute.range_error);
             }
@@ -103,25 +111,8 @@ bool DeviceModelVisitor::visit_resources_elem(const XMLElement& elem) {
 
 bool DeviceModelVisitor::visit_resources_single_elem(const XMLElement& elem) {
     unsigned num = 0;
-    if (!(report_unexpected_elem_stack(elem, 2, "device_model", "resources")
-          && report_unexpected_elem_stack_count(elem, 1) && report_unexpected_attrs(elem, 1, "num")
-          && query_attribute(elem, "num", &num, REPORT, REQUIRED))) {
-        return !m_has_error;
-    }
-    const std::string_view name = current_name();
-    DeviceResources& resources = m_dm->get_resources();
-    if (name == "alms") {
-        resources.LEs = 2 * num;  // an ALM counts as two logic elements
-    } else if (name == "ffs") {
-        resources.FFs = num;
-    } else if (name == "dsps") {
-        resources.DSPs = num;
-    } else if (name == "rams") {
-        resources.RAMs = num;
-    } else {
-        return report_unexpected_elem(elem, "");
-    }
-    return !m_has_error;
+    return query_resource(elem, "device_model", "resources", &num)
+           && store_resource(elem, num, RESOURCES, &m_dm->get_resources());
 }
 
 bool DeviceModelVisitor::VisitExit(const XMLElement& elem) {
@@ -134,8 +125,8 @@ bool DeviceModelVisitor::VisitExit(const XMLElement& elem) {
     if (!m_dm->has_resources()) {
         return report_error("Missing resources (<resources>) in device model.");
     }
-    for (const char* name : RESOURCE_NAMES) {
-        if (!report_unexpected_elem_count(elem, 1, 3, "device_model", "resources", name)) {
+    for (const Resource& resource : RESOURCES) {
+        if (!report_unexpected_elem_count(elem, 1, 3, "device_model", "resources", resource.name)) {
             return false;
         }
     }

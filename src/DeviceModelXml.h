@@ -1,18 +1,18 @@
 #pragma once
 
-#include "BaseVisitor/BaseVisitor.h"
 #include "DeviceModel.h"
+#include "DeviceResourcesXml.h"
 
 namespace vemo::dmodel::xml {
 
 /// Reads a device model document into a DeviceModel.
-class DeviceModelVisitor : public vemo::xml::BaseVisitor {
+class DeviceModelVisitor : public DeviceResourcesVisitor {
 public:
     /// Fills `dm`, which is not owned and must not be null.
     DeviceModelVisitor(DeviceModel* dm, vemo::xml::VisitorCallbacks* callbacks, bool debug);
 
-    using BaseVisitor::VisitEnter;
-    using BaseVisitor::VisitExit;
+    using DeviceResourcesVisitor::VisitEnter;
+    using DeviceResourcesVisitor::VisitExit;
     bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
     bool VisitExit(const XMLElement& elem) override;
 
@@ -21,6 +21,8 @@ private:
     bool visit_fmax_elem(const XMLElement& elem);
     bool visit_resources_elem(const XMLElement& elem);
     bool visit_resources_single_elem(const XMLElement& elem);
+
+    static const Resource RESOURCES[];
 
     DeviceModel* m_dm;
 };

@@ -6,8 +6,10 @@
 
 namespace vemo::board::xml {
 
+const DeviceVisitor::Resource DeviceVisitor::USED_RESOURCES[] = {ALMS, LES, FFS, DSPS, RAMS};
+
 DeviceVisitor::DeviceVisitor(BaseVisitor* parent, BoardSpec* spec)
-    : BaseVisitor(parent), m_spec(spec) {
+    : DeviceResourcesVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
 }
 
@@ -50,27 +52,9 @@ bool DeviceVisitor::visit_used_resources_elem(const XMLElement& elem) {
 
 bool DeviceVisitor::visit_used_resources_single_elem(const XMLElement& elem) {
     unsigned num = 0;
-    if (!(report_unexpected_elem_stack(elem, 2, "device", "used_resources")
-          && report_unexpected_elem_stack_count(elem, 1) && report_unexpected_attrs(elem, 1, "num")
-          && query_attribute(elem, "num", &num, REPORT, REQUIRED))) {
-        return !m_has_error;
-    }
-    const std::string_view name = current_name();
-    dmodel::DeviceResources& resources = m_spec->get_device_config().get_used_resources();
-    if (name == "alms") {
-        resources.LEs = 2 * num;  // an ALM counts as two logic elements
-    } else if (name == "les") {
-        resources.LEs = num;
-    } else if (name == "ffs") {
-        resources.FFs = num;
-    } else if (name == "dsps") {
-        resources.DSPs = num;
-    } else if (name == "rams") {
-        resources.RAMs = num;
-    } else {
-        return report_unexpected_elem(elem, "");
-    }
-    return !m_has_error;
+    return query_resource(elem, "device", "used_resources", &num)
+           && store_resource(elem, num, USED_RESOURCES,
+                             &m_spec->get_device_config().get_used_resources());
 }
 
 bool DeviceVisitor::VisitExit(const XMLElement& elem) {
@@ -85,16 +69,16 @@ bool DeviceVisitor::VisitExit(const XMLElement& elem) {
 }
 
 bool DeviceVisitor::check_used_resources(const XMLElement& elem) {
-    for (const char* name : {"ffs", "dsps", "rams"}) {
-        if (!report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", name)) {
+    for (const Resource& resource : {FFS, DSPS, RAMS}) {
+        if (!report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", resource.name)) {
             return false;
         }
     }
-    // Logic is given as LEs or as ALMs. Both are accepted: the later one in the file has won.
-    const unsigned num_les = get_element_count(3, "device", "used_resources", "les");
-    const unsigned num_alms = get_element_count(3, "device", "used_resources", "alms");
+    // Logic is given as LEs or as ALMs. Both are accepted: the later one in the file wins.
+    const unsigned num_les = get_element_count(3, "device", "used_resources", LES.name);
+    const unsigned num_alms = get_element_count(3, "device", "used_resources", ALMS.name);
     return num_les + num_alms == 1
-           || report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", "alms");
+           || report_unexpected_elem_count(elem, 1, 3, "device", "used_resources", ALMS.name);
 }
 
 }  // namespace vemo::board::xml
