@@ -33,6 +33,12 @@ constexpr FmaxAttribute FMAX_ATTRIBUTES[] = {
 // In the order of the final check.
 const DeviceModelVisitor::Resource DeviceModelVisitor::RESOURCES[] = {ALMS, FFS, DSPS, RAMS};
 
+const DeviceModelVisitor::ElementHandler<DeviceModelVisitor> DeviceModelVisitor::HANDLERS[] = {
+    {"device_model", &DeviceModelVisitor::visit_device_model_elem},
+    {"resources", &DeviceModelVisitor::visit_resources_elem},
+    {"fmax", &DeviceModelVisitor::visit_fmax_elem},
+};
+
 DeviceModelVisitor::DeviceModelVisitor(DeviceModel* dm, vemo::xml::VisitorCallbacks* callbacks,
                                        bool debug)
     : DeviceResourcesVisitor(callbacks, debug), m_dm(dm) {
@@ -41,20 +47,10 @@ DeviceModelVisitor::DeviceModelVisitor(DeviceModel* dm, vemo::xml::VisitorCallba
 
 bool DeviceModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "device_model") {
-        return visit_device_model_elem(elem);
-    }
-    if (name == "resources") {
-        return visit_resources_elem(elem);
-    }
-    if (name == "fmax") {
-        return visit_fmax_elem(elem);
-    }
-    if (check_element_stack(2, "device_model", "resources")) {
+    if (find_handler(HANDLERS) == nullptr && check_element_stack(2, "device_model", "resources")) {
         return visit_resources_single_elem(elem);
     }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool DeviceModelVisitor::visit_device_model_elem(const XMLElement& elem) {
@@ -66,7 +62,8 @@ bool DeviceModelVisitor::visit_device_model_elem(const XMLElement& elem) {
         return false;
     }
     if (version != "0.9") {
-        return report_attr_error(elem, "version", "Unsupported version string.");
+        return report_attr_error(elem, "version", "Unsupported version string.",
+                                 {"unsupported-version", {"0.9"}});
     }
     m_dm->version = DeviceModel::Version_0_9;
 
@@ -74,7 +71,8 @@ bool DeviceModelVisitor::visit_device_model_elem(const XMLElement& elem) {
         return false;
     }
     if (target_model.empty()) {
-        return report_attr_error(elem, "target_model", "A target model file must be specified.");
+        return report_attr_error(elem, "target_model", "A target model file must be specified.",
+                                 {"empty-value"});
     }
     m_dm->target_model = target_model;
     return !m_has_error;
@@ -92,7 +90,8 @@ bool DeviceModelVisitor::visit_fmax_elem(const XMLElement& elem) {
         float fmax = 0.0f;
         if (query_attribute(elem, found[row], &fmax, REPORT, attribute.is_required)) {
             if (!(fmax > 0.0f)) {  // NaN included
-                return report_attr_error(elem, attribute.name, attribute.range_error);
+                return report_attr_error(elem, attribute.name, attribute.range_error,
+                                         {"out-of-range", {"1"}});
             }
             (m_dm->*attribute.set)(fmax);
         }
@@ -123,7 +122,8 @@ bool DeviceModelVisitor::VisitExit(const XMLElement& elem) {
         return false;
     }
     if (!m_dm->has_resources()) {
-        return report_error("Missing resources (<resources>) in device model.");
+        return report_error("Missing resources (<resources>) in device model.",
+                            {"missing-element", {}, "resources"});
     }
     for (const Resource& resource : RESOURCES) {
         if (!report_unexpected_elem_count(elem, 1, 3, "device_model", "resources", resource.name)) {

@@ -24,6 +24,8 @@ private:
 
     static const Resource RESOURCES[];
 
+    static const ElementHandler<DeviceModelVisitor> HANDLERS[];
+
     DeviceModel* m_dm;
 };
 

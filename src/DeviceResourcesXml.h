@@ -42,7 +42,7 @@ protected:
                 return true;
             }
         }
-        return report_unexpected_elem(elem, "");
+        return report_unexpected_elem(elem, "", {nullptr, names_of(allowed)});
     }
 };
 

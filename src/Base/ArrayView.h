@@ -13,6 +13,8 @@ public:
     constexpr ArrayView(const T (&array)[N])  // NOLINT(google-explicit-constructor)
         : m_begin(array), m_size(N) {}
 
+    constexpr ArrayView(const T* begin, std::size_t size) : m_begin(begin), m_size(size) {}
+
     constexpr const T* begin() const { return m_begin; }
     constexpr const T* end() const { return m_begin + m_size; }
     constexpr std::size_t size() const { return m_size; }

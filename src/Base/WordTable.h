@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vemo {
 
@@ -14,6 +16,12 @@ constexpr std::size_t index_of_word(const std::string_view (&words)[N], std::str
         }
     }
     return N;
+}
+
+/// The words as texts.
+template <std::size_t N>
+std::vector<std::string> texts_of_words(const std::string_view (&words)[N]) {
+    return {words, words + N};
 }
 
 }  // namespace vemo

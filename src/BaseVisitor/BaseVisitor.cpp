@@ -50,6 +50,16 @@ bool convert_attribute(const tinyxml2::XMLAttribute& attribute, HexNumber* value
     return true;
 }
 
+// A text that each type reads.
+
+const char* example(const std::string*) { return "x"; }
+const char* example(const char* const*) { return "x"; }
+const char* example(const bool*) { return "true"; }
+template <typename Number>
+const char* example(const Number*) {
+    return "1";
+}
+
 }  // namespace
 
 BaseVisitor::BaseVisitor(VisitorCallbacks* callbacks, bool debug)
@@ -59,6 +69,7 @@ BaseVisitor::BaseVisitor(BaseVisitor* parent) : BaseVisitor(nullptr, false) {
     VEMO_ASSERT(parent != 0);
     m_debug = parent->m_debug;
     m_callbacks = parent->m_callbacks;
+    m_report_sink = parent->m_report_sink;
 }
 
 bool BaseVisitor::VisitEnter(const XMLDocument&) {
@@ -149,21 +160,31 @@ bool BaseVisitor::attribute_exists(const XMLElement& elem, const char* name) {
     return find_attribute(elem, name) != nullptr;
 }
 
-bool BaseVisitor::report_error(const XMLNode& node, const std::string& msg) {
-    report_located_error(node.GetLineNum(), msg);
-    return false;
+bool BaseVisitor::report_error(const XMLNode& node, const std::string& msg,
+                               const ReportDetails& details) {
+    hand_out("invalid-element", node.ToElement(), "", msg, details);
+    return write_located_error(node.GetLineNum(), msg);
 }
 
 bool BaseVisitor::report_error(const XMLAttribute& attribute, const std::string& msg) {
-    report_located_error(attribute.GetLineNum(), msg);
+    hand_out("invalid-attribute", nullptr, attribute.Name(), msg, {});
+    return write_located_error(attribute.GetLineNum(), msg);
+}
+
+bool BaseVisitor::report_error(const std::string& msg, const ReportDetails& details) {
+    hand_out("invalid-document", nullptr, "", msg, details);
+    m_has_error = true;
+    if (m_callbacks != nullptr) {
+        m_callbacks->report_error(std::string("Error in '") + get_source_name() + "':\n"
+                                  + (msg.empty() ? msg : msg + "\n"));
+    }
     return false;
 }
 
-/// `line` 0 stands for none.
-void BaseVisitor::report_located_error(int line, const std::string& msg) {
+bool BaseVisitor::write_located_error(int line, const std::string& msg) {
     m_has_error = true;
     if (m_callbacks == nullptr) {
-        return;
+        return false;
     }
     std::string text = std::string("Error in '") + get_source_name() + "'";
     if (line > 0) {
@@ -174,15 +195,17 @@ void BaseVisitor::report_located_error(int line, const std::string& msg) {
         text += msg + "\n";
     }
     m_callbacks->report_error(text);
+    return false;
 }
 
-bool BaseVisitor::report_error(const std::string& msg) {
-    m_has_error = true;
-    if (m_callbacks != nullptr) {
-        m_callbacks->report_error(std::string("Error in '") + get_source_name() + "':\n"
-                                  + (msg.empty() ? msg : msg + "\n"));
+void BaseVisitor::hand_out(const char* rule, const XMLElement* elem, const std::string& attribute,
+                           const std::string& msg, const ReportDetails& details) {
+    if (m_report_sink != nullptr) {
+        m_report_sink->report({details.rule == nullptr ? rule : details.rule, msg, elem,
+                               details.attribute == nullptr ? attribute : details.attribute,
+                               details.accepted, details.child == nullptr ? "" : details.child,
+                               details.pairs});
     }
-    return false;
 }
 
 bool BaseVisitor::report_warning(const std::string& msg) {
@@ -193,9 +216,12 @@ bool BaseVisitor::report_warning(const std::string& msg) {
     return true;
 }
 
-bool BaseVisitor::report_unexpected_elem(const XMLElement& elem, const std::string& msg) {
+bool BaseVisitor::report_unexpected_elem(const XMLElement& elem, const std::string& msg,
+                                         const ReportDetails& details) {
     const std::string text = std::string("Unexpected element '") + elem.Value() + "'.";
-    return report_error(elem, msg.empty() ? text : text + "\n" + msg);
+    ReportDetails own_details = details;
+    own_details.rule = "unexpected-element";
+    return report_error(elem, msg.empty() ? text : text + "\n" + msg, own_details);
 }
 
 bool BaseVisitor::report_unexpected_elem_stack(const XMLElement& elem, unsigned n, ...) {
@@ -215,7 +241,8 @@ bool BaseVisitor::report_unexpected_elem_stack_with_top(const XMLElement& elem, 
 }
 
 bool BaseVisitor::report_unexpected_elem_count_error(const XMLElement& elem, unsigned min_count,
-                                                     unsigned max_count) {
+                                                     unsigned max_count,
+                                                     const ReportDetails& details) {
     VEMO_ASSERT(min_count <= max_count);
     if (max_count == 0) {
         return report_unexpected_elem(elem, "");
@@ -228,7 +255,7 @@ bool BaseVisitor::report_unexpected_elem_count_error(const XMLElement& elem, uns
     } else {
         text += "exactly " + std::to_string(max_count) + " times.";
     }
-    return report_error(elem, text);
+    return report_error(elem, text, details);
 }
 
 bool BaseVisitor::report_unexpected_elem_count(const XMLElement& elem, unsigned min_count,
@@ -236,19 +263,37 @@ bool BaseVisitor::report_unexpected_elem_count(const XMLElement& elem, unsigned 
     VEMO_ASSERT(min_count <= max_count);
     std::va_list names;
     va_start(names, n);
-    const unsigned found = get_element_count_va(n, names);
+    const bool is_expected = report_unexpected_path_count(elem, min_count, max_count, n, names);
     va_end(names);
-    return (min_count <= found && found <= max_count)
-           || report_unexpected_elem_count_error(elem, min_count, max_count);
+    return is_expected;
 }
 
 bool BaseVisitor::report_unexpected_elem_count(const XMLElement& elem, unsigned count, unsigned n,
                                                ...) {
     std::va_list names;
     va_start(names, n);
-    const unsigned found = get_element_count_va(n, names);
+    const bool is_expected = report_unexpected_path_count(elem, count, count, n, names);
     va_end(names);
-    return found == count || report_unexpected_elem_count_error(elem, count, count);
+    return is_expected;
+}
+
+bool BaseVisitor::report_unexpected_path_count(const XMLElement& elem, unsigned min_count,
+                                               unsigned max_count, unsigned n, std::va_list names) {
+    std::va_list names_again;
+    va_copy(names_again, names);
+    const unsigned found = get_element_count_va(n, names);
+    bool is_expected = min_count <= found && found <= max_count;
+    if (!is_expected) {
+        const char* counted = elem.Value();
+        for (unsigned i = 0; i < n; ++i) {
+            counted = va_arg(names_again, const char*);
+        }
+        is_expected = report_unexpected_elem_count_error(
+            elem, min_count, max_count,
+            {found < min_count ? "missing-element" : "repeated-element", {}, counted});
+    }
+    va_end(names_again);
+    return is_expected;
 }
 
 bool BaseVisitor::report_unexpected_elem_stack_count(const XMLElement& elem, unsigned min_count,
@@ -256,7 +301,7 @@ bool BaseVisitor::report_unexpected_elem_stack_count(const XMLElement& elem, uns
     VEMO_ASSERT(min_count <= max_count);
     const unsigned found = get_elem_stack_count_entry();
     return (min_count <= found && found <= max_count)
-           || report_unexpected_elem_count_error(elem, min_count, max_count);
+           || report_unexpected_elem_count_error(elem, min_count, max_count, {"repeated-element"});
 }
 
 bool BaseVisitor::report_unexpected_elem_stack_count(const XMLElement& elem, unsigned count) {
@@ -264,31 +309,40 @@ bool BaseVisitor::report_unexpected_elem_stack_count(const XMLElement& elem, uns
 }
 
 bool BaseVisitor::report_missing_attr(const XMLElement& elem, const std::string& attr,
-                                      const std::string& msg) {
+                                      const std::string& msg, const ReportDetails& details) {
     const std::string text = "Expected attribute '" + attr + "' on element '" + elem.Value() + "'.";
-    return report_error(elem, msg.empty() ? text : text + "\n" + msg);
+    const std::string whole_text = msg.empty() ? text : text + "\n" + msg;
+    hand_out("missing-attribute", &elem, attr, whole_text, details);
+    return write_located_error(elem.GetLineNum(), whole_text);
 }
 
 bool BaseVisitor::report_attr_type_error(const XMLElement& elem, const std::string& attr,
-                                         const std::string& msg) {
+                                         const std::string& msg, const ReportDetails& details) {
     const std::string text =
         "Incorrect type for attribute '" + attr + "' on element '" + elem.Value() + "'.";
-    return report_attr_error(elem, attr, msg.empty() ? text : text + "\n" + msg);
+    ReportDetails own_details = details;
+    own_details.rule = "wrong-type";
+    return report_attr_error(elem, attr, msg.empty() ? text : text + "\n" + msg, own_details);
 }
 
 bool BaseVisitor::report_attr_error(const XMLElement& elem, const std::string& attr,
-                                    const std::string& msg) {
+                                    const std::string& msg, const ReportDetails& details) {
+    hand_out("invalid-attribute", &elem, attr, msg, details);
     const XMLAttribute* attribute = find_attribute(elem, attr.c_str());
-    return attribute == nullptr ? report_error(elem, msg) : report_error(*attribute, msg);
+    return write_located_error(attribute == nullptr ? elem.GetLineNum() : attribute->GetLineNum(),
+                               msg);
 }
 
-void BaseVisitor::report_unexpected_attr(const XMLAttribute& attribute) {
-    report_error(attribute, std::string("Unexpected attribute '") + attribute.Name() + "'.");
+void BaseVisitor::report_unexpected_attr(const XMLElement& elem, const XMLAttribute& attribute,
+                                         std::vector<std::string> allowed) {
+    const std::string text = std::string("Unexpected attribute '") + attribute.Name() + "'.";
+    hand_out("unexpected-attribute", &elem, attribute.Name(), text, {nullptr, std::move(allowed)});
+    write_located_error(attribute.GetLineNum(), text);
 }
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem,
                                           const std::vector<std::string>& allowed) {
-    return report_attrs_unless(elem, [&allowed](const XMLAttribute& attribute) {
+    return report_attrs_unless(elem, allowed, [&allowed](const XMLAttribute& attribute) {
         return std::find(allowed.begin(), allowed.end(), attribute.Name()) != allowed.end();
     });
 }
@@ -306,12 +360,13 @@ bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n, ..
 
 bool BaseVisitor::report_unexpected_attrs(const XMLElement& elem, unsigned n,
                                           const char* const* allowed) {
-    return report_attrs_unless(elem, [n, allowed](const XMLAttribute& attribute) {
-        const char* name = attribute.Name();
-        return std::any_of(allowed, allowed + n, [name](const char* allowed_name) {
-            return equal_names(name, allowed_name);
+    return report_attrs_unless(
+        elem, ArrayView<const char*>(allowed, n), [n, allowed](const XMLAttribute& attribute) {
+            const char* name = attribute.Name();
+            return std::any_of(allowed, allowed + n, [name](const char* allowed_name) {
+                return equal_names(name, allowed_name);
+            });
         });
-    });
 }
 
 template <typename T>
@@ -324,10 +379,11 @@ template <typename T>
 bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& found, T* value,
                                   bool report, bool required) {
     if (found.attribute == nullptr) {
-        return report && required && report_missing_attr(elem, found.name, "");
+        return report && required
+               && report_missing_attr(elem, found.name, "", {nullptr, {example(value)}});
     }
     return convert_attribute(*found.attribute, value)
-           || (report && report_attr_type_error(elem, found.name, ""));
+           || (report && report_attr_type_error(elem, found.name, "", {nullptr, {example(value)}}));
 }
 
 // The types of attribute that there are. (A type cannot stand in parentheses.)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstddef>
 #include <string>
@@ -8,9 +9,11 @@
 
 #include <tinyxml2.h>
 
+#include "Base/ArrayView.h"
 #include "Base/Assert.h"
 #include "BaseVisitor/ElementStack.h"
 #include "BaseVisitor/FoundAttributes.h"
+#include "BaseVisitor/Report.h"
 #include "BaseVisitor/UnsignedNumber.h"
 #include "BaseVisitor/VisitorCallbacks.h"
 
@@ -41,6 +44,10 @@ public:
     /// stack and counts start empty, with the element it is handed as their root.
     explicit BaseVisitor(BaseVisitor* parent);
 
+    /// Hands out the errors of this visitor and of its children as data, too. `sink` is not owned;
+    /// null for none. To be called before the walk.
+    void set_report_sink(ReportSink* sink) { m_report_sink = sink; }
+
     BaseVisitor(const BaseVisitor&) = delete;
     BaseVisitor& operator=(const BaseVisitor&) = delete;
     ~BaseVisitor() override = default;
@@ -55,6 +62,9 @@ public:
             return false;
         }
         m_elem_stack.push(elem.Value());
+        if (m_report_sink != nullptr) {
+            m_report_sink->enter(elem);
+        }
         if (m_debug) {
             trace("entering");
         }
@@ -106,16 +116,19 @@ public:
     static bool attribute_exists(const XMLElement& elem, const char* name);
 
     // Reports. Each returns false after an error, having set `m_has_error`, and true when there was
-    // nothing to report. The texts carry the line of the node or attribute where one is known.
+    // nothing to report. The texts carry the line of the node or attribute where one is known. The
+    // details go to the report sink alone.
 
-    bool report_error(const XMLNode& node, const std::string& msg);
+    bool report_error(const XMLNode& node, const std::string& msg,
+                      const ReportDetails& details = {});
     bool report_error(const XMLAttribute& attribute, const std::string& msg);
-    bool report_error(const std::string& msg);
+    bool report_error(const std::string& msg, const ReportDetails& details = {});
 
     /// A warning is no error: always true.
     bool report_warning(const std::string& msg);
 
-    bool report_unexpected_elem(const XMLElement& elem, const std::string& msg);
+    bool report_unexpected_elem(const XMLElement& elem, const std::string& msg,
+                                const ReportDetails& details = {});
 
     /// Report the element as unexpected unless check_element_stack(n, ...) holds; in the second
     /// form, check_element_stack_with_top(n, ...).
@@ -124,7 +137,7 @@ public:
 
     /// Reports that `elem` does not appear `min_count` to `max_count` times.
     bool report_unexpected_elem_count_error(const XMLElement& elem, unsigned min_count,
-                                            unsigned max_count);
+                                            unsigned max_count, const ReportDetails& details = {});
 
     /// Check the number of elements of the given path. The report names `elem`, which is the parent
     /// where a reader counts children: the wording is meant.
@@ -139,12 +152,13 @@ public:
 
     /// Reported at the element.
     bool report_missing_attr(const XMLElement& elem, const std::string& attr,
-                             const std::string& msg);
+                             const std::string& msg, const ReportDetails& details = {});
 
     /// Reported at the attribute, or at the element when it has no such attribute.
     bool report_attr_type_error(const XMLElement& elem, const std::string& attr,
-                                const std::string& msg);
-    bool report_attr_error(const XMLElement& elem, const std::string& attr, const std::string& msg);
+                                const std::string& msg, const ReportDetails& details = {});
+    bool report_attr_error(const XMLElement& elem, const std::string& attr, const std::string& msg,
+                           const ReportDetails& details = {});
 
     /// Report every attribute that is not allowed, each with a text of its own. The result is
     /// false as well when an earlier error had already set `m_has_error`.
@@ -158,7 +172,7 @@ public:
         if (!found.has_others()) {
             return !m_has_error;
         }
-        return report_attrs_unless(elem, [&found](const XMLAttribute& attribute) {
+        return report_attrs_unless(elem, found.names(), [&found](const XMLAttribute& attribute) {
             return found.is_in_table(attribute.Name());
         });
     }
@@ -192,9 +206,51 @@ protected:
     /// Number of elements entered and not left: 0 before the walk, 1 in the element it starts on.
     std::size_t depth() const { return m_elem_stack.size(); }
 
+    /// Passes an error on to the report sink, if there is one. `rule` counts unless the details
+    /// name another.
+    void hand_out(const char* rule, const XMLElement* elem, const std::string& attribute,
+                  const std::string& msg, const ReportDetails& details);
+
     /// Lets `child` walk the subtree of `elem` and takes over its outcome. True when no error is
     /// set.
     bool walk_with(const XMLElement& elem, BaseVisitor* child);
+
+    /// A row of a visitor's table of the elements that it knows.
+    template <typename Visitor>
+    struct ElementHandler {
+        const char* name;
+        bool (Visitor::*visit)(const XMLElement& elem);
+    };
+
+    /// The row of the current element, or null if the table has none.
+    template <typename Visitor, std::size_t N>
+    const ElementHandler<Visitor>* find_handler(
+        const ElementHandler<Visitor> (&handlers)[N]) const {
+        const auto* found = std::find_if(
+            handlers, handlers + N,
+            [name = current_name()](const auto& handler) { return name == handler.name; });
+        return found == handlers + N ? nullptr : found;
+    }
+
+    /// Calls the handler of the current element; reports an element that the table does not have.
+    template <typename Visitor, std::size_t N>
+    static bool dispatch(Visitor* visitor, const XMLElement& elem,
+                         const ElementHandler<Visitor> (&handlers)[N]) {
+        if (const auto* handler = visitor->find_handler(handlers)) {
+            return (visitor->*handler->visit)(elem);
+        }
+        return visitor->report_unexpected_elem(elem, "", {nullptr, names_of(handlers)});
+    }
+
+    /// The names in a table of rows.
+    template <typename Rows>
+    static std::vector<std::string> names_of(const Rows& rows) {
+        std::vector<std::string> names;
+        for (const auto& row : rows) {
+            names.emplace_back(row.name);
+        }
+        return names;
+    }
 
     /// Hands the subtree of `elem` to a new Child(this, model). Always false: the child has walked
     /// the subtree, this visitor must not walk it again.
@@ -210,23 +266,31 @@ protected:
 private:
     static const XMLAttribute* find_attribute(const XMLElement& elem, const char* name);
 
-    template <typename IsAllowed>
-    bool report_attrs_unless(const XMLElement& elem, IsAllowed is_allowed) {
+    template <typename AllowedNames, typename IsAllowed>
+    bool report_attrs_unless(const XMLElement& elem, const AllowedNames& allowed,
+                             IsAllowed is_allowed) {
         for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
              attribute = attribute->Next()) {
             if (!is_allowed(*attribute)) {
-                report_unexpected_attr(*attribute);
+                report_unexpected_attr(elem, *attribute, {allowed.begin(), allowed.end()});
             }
         }
         return !m_has_error;
     }
-    void report_unexpected_attr(const XMLAttribute& attribute);
-    void report_located_error(int line, const std::string& msg);
+    void report_unexpected_attr(const XMLElement& elem, const XMLAttribute& attribute,
+                                std::vector<std::string> allowed);
+
+    bool report_unexpected_path_count(const XMLElement& elem, unsigned min_count,
+                                      unsigned max_count, unsigned n, std::va_list names);
+
+    /// Writes the text of an error in `line`, or in no line if that is 0.
+    bool write_located_error(int line, const std::string& msg);
     void trace(const char* action) const;
 
     ElementStack m_elem_stack;  // its names live in the document
     bool m_debug;
-    VisitorCallbacks* m_callbacks;  // not owned, may be null
+    VisitorCallbacks* m_callbacks;        // not owned, may be null
+    ReportSink* m_report_sink = nullptr;  // not owned
 };
 
 }  // namespace vemo::xml

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include <tinyxml2.h>
 
@@ -59,6 +61,14 @@ public:
 
     /// Whether the element has an attribute that is not in the table.
     bool has_others() const { return m_has_others; }
+
+    /// All names of the table.
+    std::vector<const char*> names() const {
+        std::vector<const char*> names(N);
+        std::transform(m_table, m_table + N, names.begin(),
+                       [](const Row& row) { return name_of(row); });
+        return names;
+    }
 
     /// Whether the table has an attribute of that name.
     bool is_in_table(const char* name) const { return find(name, 0) < N; }

@@ -20,7 +20,7 @@ bool AttributeVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
     if (name == "attribute") {
         return visit_attribute_elem(elem);
     }
-    return report_unexpected_elem(elem, "");
+    return report_unexpected_elem(elem, "", {nullptr, {"attribute"}});
 }
 
 bool AttributeVisitor::visit_attribute_elem(const XMLElement& elem) {
@@ -31,7 +31,9 @@ bool AttributeVisitor::visit_attribute_elem(const XMLElement& elem) {
         && query_attribute(elem, "name", &name, REPORT, REQUIRED)
         && query_attribute(elem, "encoding", &encoding, REPORT, REQUIRED)
         && !m_port->set_attribute(name, encoding)) {
-        m_has_error = true;  // the load fails without a message
+        // The load fails without a message: only the sink learns why.
+        hand_out("encoding-too-wide", &elem, "encoding", "", {nullptr, {"0"}});
+        m_has_error = true;
     }
     return !m_has_error;
 }

@@ -32,6 +32,16 @@ CompileConfig* new_built_in_flow() {
 
 }  // namespace
 
+const BoardVisitor::ElementHandler<BoardVisitor> BoardVisitor::HANDLERS[] = {
+    {"board", &BoardVisitor::visit_board_elem},
+    {"device", &BoardVisitor::visit_device_elem},
+    {"compile", &BoardVisitor::visit_compile_elem},
+    {"global_mem", &BoardVisitor::visit_global_mem_elem},
+    {"host", &BoardVisitor::visit_host_elem},
+    {"channels", &BoardVisitor::visit_channels_elem},
+    {"interfaces", &BoardVisitor::visit_interfaces_elem},
+};
+
 BoardVisitor::BoardVisitor(BoardSpec* spec, vemo::xml::VisitorCallbacks* callbacks, bool debug,
                            bool skip_overlap)
     : BaseVisitor(callbacks, debug), m_spec(spec), m_skip_overlap(skip_overlap) {
@@ -40,29 +50,7 @@ BoardVisitor::BoardVisitor(BoardSpec* spec, vemo::xml::VisitorCallbacks* callbac
 
 bool BoardVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "board") {
-        return visit_board_elem(elem);
-    }
-    if (name == "device") {
-        return visit_device_elem(elem);
-    }
-    if (name == "compile") {
-        return visit_compile_elem(elem);
-    }
-    if (name == "global_mem") {
-        return visit_global_mem_elem(elem);
-    }
-    if (name == "host") {
-        return visit_host_elem(elem);
-    }
-    if (name == "channels") {
-        return visit_channels_elem(elem);
-    }
-    if (name == "interfaces") {
-        return visit_interfaces_elem(elem);
-    }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool BoardVisitor::visit_board_elem(const XMLElement& elem) {
@@ -75,7 +63,8 @@ bool BoardVisitor::visit_board_elem(const XMLElement& elem) {
     // As the C library reads it: "14.1x" is 14.1, and a NaN is "not less than" any version.
     const auto version = static_cast<float>(std::strtod(version_text, nullptr));
     if (version != BoardSpec::Version_0_9 && version < BoardSpec::Version_14_1) {
-        return report_attr_error(elem, "version", "Unsupported version string.");
+        return report_attr_error(elem, "version", "Unsupported version string.",
+                                 {"unsupported-version", {"17.0", "14.1", "0.9"}});
     }
     m_spec->version = version;
     query_attribute(elem, "name", &m_spec->name, REPORT, REQUIRED);
@@ -119,21 +108,25 @@ bool BoardVisitor::VisitExit(const XMLDocument& doc) {
         return false;
     }
     if (!m_spec->has_device_config()) {
-        return report_error("Missing device configuration (<device>) in board specification.");
+        return report_error("Missing device configuration (<device>) in board specification.",
+                            {"missing-element", {}, "device"});
     }
     if (!m_spec->has_global_mem_config()) {
         return report_error(
-            "Missing global memory configuration (<global_mem>) in board specification.");
+            "Missing global memory configuration (<global_mem>) in board specification.",
+            {"missing-element", {}, "global_mem"});
     }
     if (!m_skip_overlap && has_overlapping_memories(m_spec->get_global_mem_configs())) {
-        return report_error("Global memory regions overlap.");
+        return report_error("Global memory regions overlap.", {"memory-overlap"});
     }
     if (!m_spec->has_host_config()) {
-        return report_error("Missing host configuration (<host>) in board specification.");
+        return report_error("Missing host configuration (<host>) in board specification.",
+                            {"missing-element", {}, "host"});
     }
     if (!m_spec->has_interface_config()) {
         return report_error(
-            "Missing interface configuration (<interfaces>) in board specification.");
+            "Missing interface configuration (<interfaces>) in board specification.",
+            {"missing-element", {}, "interfaces"});
     }
     return check_compile_configs() && BaseVisitor::VisitExit(doc);
 }
@@ -143,11 +136,13 @@ bool BoardVisitor::check_compile_configs() {
     if (m_spec->version == BoardSpec::Version_0_9) {
         if (has_compile_config) {
             return report_error(
-                "Unexpected compile configuration (<compile>) found in 0.9 board specification.");
+                "Unexpected compile configuration (<compile>) found in 0.9 board specification.",
+                {"unexpected-compile"});
         }
         m_spec->set_compile_config(new_built_in_flow(), CompileConfig::DEFAULT_CONFIG_NAME);
     } else if (!has_compile_config) {
-        return report_error("Missing compile configuration (<compile>) in board specification.");
+        return report_error("Missing compile configuration (<compile>) in board specification.",
+                            {"missing-element", {}, "compile"});
     }
     return true;
 }

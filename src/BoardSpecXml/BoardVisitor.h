@@ -34,6 +34,8 @@ private:
 
     bool check_compile_configs();
 
+    static const ElementHandler<BoardVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
     bool m_skip_overlap;
 };

@@ -15,6 +15,11 @@ constexpr const char* REQUIRED_ATTRIBUTES[] = {"name", "port", "type", "width", 
 
 }  // namespace
 
+const ChannelsVisitor::ElementHandler<ChannelsVisitor> ChannelsVisitor::HANDLERS[] = {
+    {"channels", &ChannelsVisitor::visit_channels_elem},
+    {"interface", &ChannelsVisitor::visit_interface_elem},
+};
+
 ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
@@ -22,14 +27,7 @@ ChannelsVisitor::ChannelsVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool ChannelsVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "channels") {
-        return visit_channels_elem(elem);
-    }
-    if (name == "interface") {
-        return visit_interface_elem(elem);
-    }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool ChannelsVisitor::visit_channels_elem(const XMLElement& elem) {
@@ -47,7 +45,9 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
     }
     std::unique_ptr<Interface> intf(reader.release_intf());
     if (intf->get_type() != Interface::StreamSource && intf->get_type() != Interface::StreamSink) {
-        return report_error(elem, "Channel interface must be a stream.");
+        return report_error(
+            elem, "Channel interface must be a stream.",
+            {"wrong-interface-type", {"streamsource", "streamsink"}, nullptr, "type"});
     }
     m_spec->get_channel_config().add_interface(intf.release());
     // True: this visitor walks the children as well, and a `port` among them is one it does not
@@ -68,10 +68,12 @@ bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
     ids.reserve(channels.size());
     for (const Interface* intf : channels) {
         if (intf->chan_id.empty()) {
-            return report_error(elem, "Empty channel ID name.");
+            return report_error(elem, "Empty channel ID name.",
+                                {"empty-channel-id", {}, nullptr, "chan_id"});
         }
         if (!ids.insert(intf->chan_id).second) {
-            return report_error(elem, "Two or more channels share the same channel ID.");
+            return report_error(elem, "Two or more channels share the same channel ID.",
+                                {"duplicate-channel-id", {}, nullptr, "chan_id"});
         }
     }
     return true;

@@ -21,6 +21,8 @@ private:
     bool visit_interface_elem(const XMLElement& elem);
     bool check_channel_ids(const XMLElement& elem);
 
+    static const ElementHandler<ChannelsVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
 };
 

@@ -23,6 +23,13 @@ constexpr std::string_view TRUE_WORDS[] = {"", "true", "1"};
 
 }  // namespace
 
+const CompileVisitor::ElementHandler<CompileVisitor> CompileVisitor::HANDLERS[] = {
+    {"compile", &CompileVisitor::visit_compile_elem},
+    {"auto_migrate", &CompileVisitor::visit_auto_migration_elem},
+    {"generate", &CompileVisitor::visit_generate_elem},
+    {"synthesize", &CompileVisitor::visit_synthesize_elem},
+};
+
 CompileVisitor::CompileVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
@@ -30,28 +37,10 @@ CompileVisitor::CompileVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool CompileVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "compile") {
-        return visit_compile_elem(elem);
-    }
-    // A second one in a flow of 17.0 or later is a broken invariant, wherever it stands: these
-    // come before the checks of position.
-    if (name == "auto_migrate") {
-        VEMO_ASSERT(!m_config->has_automigrate());
-        return visit_auto_migration_elem(elem);
-    }
-    if (name == "generate") {
-        VEMO_ASSERT(!m_config->has_generate());
-        return visit_generate_elem(elem);
-    }
-    if (name == "synthesize") {
-        VEMO_ASSERT(!m_config->has_synthesis());
-        return visit_synthesize_elem(elem);
-    }
-    if (check_element_stack(2, "compile", "auto_migrate")) {
+    if (find_handler(HANDLERS) == nullptr && check_element_stack(2, "compile", "auto_migrate")) {
         return visit_auto_migration_single_elem(elem);
     }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
@@ -78,11 +67,16 @@ bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
     return !m_has_error;
 }
 
+// A second one of these in a flow of 17.0 or later is a broken invariant, wherever it stands: the
+// assertions come before the checks of position.
+
 bool CompileVisitor::visit_generate_elem(const XMLElement& elem) {
+    VEMO_ASSERT(!m_config->has_generate());
     return read_command(elem, &m_config->generate_cmd, &m_config->generate_additional_args);
 }
 
 bool CompileVisitor::visit_synthesize_elem(const XMLElement& elem) {
+    VEMO_ASSERT(!m_config->has_synthesis());
     return read_command(elem, &m_config->synthesize_cmd, &m_config->synthesize_additional_args);
 }
 
@@ -104,12 +98,14 @@ bool CompileVisitor::has_additional_args(const XMLElement& elem, std::string_vie
     }
     if (index_of_word(FALSE_WORDS, text) == std::size(FALSE_WORDS)) {
         report_attr_error(elem, "additional_args",
-                          "additional_args must be a boolean (true or false) or unspecified.");
+                          "additional_args must be a boolean (true or false) or unspecified.",
+                          {"unknown-word", {"true", "false"}});
     }
     return false;
 }
 
 bool CompileVisitor::visit_auto_migration_elem(const XMLElement& elem) {
+    VEMO_ASSERT(!m_config->has_automigrate());
     const char* platform_type = "";
     if (report_unexpected_elem_stack(elem, 1, "compile")
         && report_unexpected_attrs(elem, 1, "platform_type")
@@ -118,7 +114,9 @@ bool CompileVisitor::visit_auto_migration_elem(const XMLElement& elem) {
     }
     // Made after a failure, too: then the type is empty, and a second message follows the first.
     if (index_of_word(PLATFORM_TYPES, platform_type) == std::size(PLATFORM_TYPES)) {
-        return report_error(elem, "Board auto migration platform_type is invalid");
+        return report_error(
+            elem, "Board auto migration platform_type is invalid",
+            {"unknown-word", texts_of_words(PLATFORM_TYPES), nullptr, "platform_type"});
     }
     return !m_has_error;
 }
@@ -136,7 +134,7 @@ bool CompileVisitor::visit_auto_migration_single_elem(const XMLElement& elem) {
     } else if (name == "exclude") {
         m_config->automigrate_exclude = fixes;
     } else {
-        return report_unexpected_elem(elem, "");
+        return report_unexpected_elem(elem, "", {nullptr, {"include", "exclude"}});
     }
     return !m_has_error;
 }
@@ -159,7 +157,8 @@ bool CompileVisitor::has_unnamed_flows() const { return m_spec->version < BoardS
 bool CompileVisitor::leave_unnamed_flow_elem(const XMLElement& elem) {
     const std::string_view name = current_name();
     if (name == "compile" && m_spec->version < BoardSpec::Version_14_1) {
-        return report_error(elem, "Compile not supported in this version.");
+        return report_error(elem, "Compile not supported in this version.",
+                            {"compile-before-14.1"});
     }
     if (name == "auto_migrate") {
         return report_unexpected_elem_count(elem, 1, 3, "compile", "auto_migrate", "include")

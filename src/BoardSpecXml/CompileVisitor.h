@@ -38,6 +38,8 @@ private:
     bool leave_unnamed_flow_elem(const XMLElement& elem);
     void leave_named_flow_elem();
 
+    static const ElementHandler<CompileVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
     CompileConfig* m_config = nullptr;  // owned by m_spec
 };

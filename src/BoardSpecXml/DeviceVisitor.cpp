@@ -8,6 +8,11 @@ namespace vemo::board::xml {
 
 const DeviceVisitor::Resource DeviceVisitor::USED_RESOURCES[] = {ALMS, LES, FFS, DSPS, RAMS};
 
+const DeviceVisitor::ElementHandler<DeviceVisitor> DeviceVisitor::HANDLERS[] = {
+    {"device", &DeviceVisitor::visit_device_elem},
+    {"used_resources", &DeviceVisitor::visit_used_resources_elem},
+};
+
 DeviceVisitor::DeviceVisitor(BaseVisitor* parent, BoardSpec* spec)
     : DeviceResourcesVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
@@ -15,17 +20,10 @@ DeviceVisitor::DeviceVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool DeviceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "device") {
-        return visit_device_elem(elem);
-    }
-    if (name == "used_resources") {
-        return visit_used_resources_elem(elem);
-    }
-    if (check_element_stack(2, "device", "used_resources")) {
+    if (find_handler(HANDLERS) == nullptr && check_element_stack(2, "device", "used_resources")) {
         return visit_used_resources_single_elem(elem);
     }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool DeviceVisitor::visit_device_elem(const XMLElement& elem) {
@@ -63,7 +61,8 @@ bool DeviceVisitor::VisitExit(const XMLElement& elem) {
         return false;
     }
     if (!m_has_error && name == "device" && !m_spec->get_device_config().has_used_resources()) {
-        return report_error(elem, "Used device resources (<used_resources>) must be defined.");
+        return report_error(elem, "Used device resources (<used_resources>) must be defined.",
+                            {"missing-element", {}, "used_resources"});
     }
     return BaseVisitor::VisitExit(elem);
 }

@@ -24,6 +24,8 @@ private:
 
     static const Resource USED_RESOURCES[];
 
+    static const ElementHandler<DeviceVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
 };
 

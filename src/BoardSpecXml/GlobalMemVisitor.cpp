@@ -23,6 +23,11 @@ constexpr const char* REQUIRED_INTERFACE_ATTRIBUTES[] = {"name", "type", "width"
 
 }  // namespace
 
+const GlobalMemVisitor::ElementHandler<GlobalMemVisitor> GlobalMemVisitor::HANDLERS[] = {
+    {"global_mem", &GlobalMemVisitor::visit_global_mem_elem},
+    {"interface", &GlobalMemVisitor::visit_interface_elem},
+};
+
 GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
@@ -30,17 +35,10 @@ GlobalMemVisitor::GlobalMemVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "global_mem") {
-        return visit_global_mem_elem(elem);
-    }
-    if (name == "interface") {
-        return visit_interface_elem(elem);
-    }
-    if (name == "port") {
+    if (current_name() == "port") {
         return false;  // the interface's own visitor has read it
     }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
@@ -57,7 +55,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
     if (query_attribute(elem, "default", &default_value, REPORT, OPTIONAL)
         && static_cast<unsigned>(default_value) > 1) {
         return report_attr_error(elem, "default",
-                                 "Global memmory attribute 'default' must equal to  0 or 1.");
+                                 "Global memmory attribute 'default' must equal to  0 or 1.",
+                                 {"out-of-range", {"0", "1"}});
     }
     m_global_mem = global_mem.release();
     m_spec->add_global_mem_config(m_global_mem, (default_value & 1) != 0);
@@ -67,7 +66,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         && query_attribute(elem, attributes["max_bandwidth"], &max_bandwidth, REPORT, REQUIRED)) {
         if (max_bandwidth < 0.0f) {
             return report_attr_error(elem, "max_bandwidth",
-                                     "Max global memory bandwidth must be non-negative.");
+                                     "Max global memory bandwidth must be non-negative.",
+                                     {"out-of-range", {"0"}});
         }
         m_global_mem->set_max_bandwidth(max_bandwidth);
     }
@@ -76,7 +76,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         const std::size_t type = index_of_word(MEMORY_TYPE_WORDS, type_word);
         if (type == std::size(MEMORY_TYPE_WORDS)) {
             return report_attr_error(elem, "type",
-                                     std::string("Unrecognized type '") + type_word + "'.");
+                                     std::string("Unrecognized type '") + type_word + "'.",
+                                     {"unknown-word", texts_of_words(MEMORY_TYPE_WORDS)});
         }
         m_global_mem->set_type(static_cast<GlobalMemConfig::Type>(type));
     }
@@ -94,7 +95,8 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
         && (m_spec->get_global_mem_config().name.empty() || m_global_mem->name.empty())) {
         return report_error(elem,
                             "All global memories must have a name when there are more than 1 "
-                            "global memories.");
+                            "global memories.",
+                            {"unnamed-memory", {}, nullptr, "name"});
     }
     if (!m_has_error
         && query_attribute(elem, attributes["config_addr"], &number, REPORT, OPTIONAL)) {
@@ -111,7 +113,8 @@ bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
     VEMO_ASSERT(m_global_mem != NULL);
     std::unique_ptr<Interface> intf(reader.release_intf());
     if (intf->get_type() != Interface::Slave) {
-        return report_error(elem, "Global memory interface must be a slave.");
+        return report_error(elem, "Global memory interface must be a slave.",
+                            {"wrong-interface-type", {"slave"}, nullptr, "type"});
     }
     m_global_mem->add_interface(intf.release());
     // All children are ports, or the interface's own visitor had reported them: that this visitor
@@ -128,17 +131,19 @@ bool GlobalMemVisitor::VisitExit(const XMLElement& elem) {
 
 bool GlobalMemVisitor::check_interfaces(const XMLElement& elem) {
     if (m_global_mem->get_num_intfs() == 0) {
-        return report_error(elem, "At least one global memory interface must be defined.");
+        return report_error(elem, "At least one global memory interface must be defined.",
+                            {"missing-element", {}, "interface"});
     }
     const Interface& first = m_global_mem->get_intf(0);
     for (const Interface* intf : m_global_mem->get_interfaces()) {
         if (intf->get_data_width() != first.get_data_width()) {
-            return report_error(elem,
-                                "All global memory interfaces must have the same data width.");
+            return report_error(elem, "All global memory interfaces must have the same data width.",
+                                {"interface-widths-differ", {}, nullptr, "width"});
         }
         if (intf->get_max_burst_count() != first.get_max_burst_count()) {
             return report_error(elem,
-                                "All global memory interfaces must have the same max burst count.");
+                                "All global memory interfaces must have the same max burst count.",
+                                {"interface-bursts-differ", {}, nullptr, "maxburst"});
         }
     }
     return true;

@@ -21,6 +21,8 @@ private:
     bool visit_interface_elem(const XMLElement& elem);
     bool check_interfaces(const XMLElement& elem);
 
+    static const ElementHandler<GlobalMemVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
     GlobalMemConfig* m_global_mem = nullptr;  // owned by m_spec
 };

@@ -8,20 +8,18 @@ namespace vemo::board::xml {
 
 using vemo::xml::unsigned_hex;
 
+const HostVisitor::ElementHandler<HostVisitor> HostVisitor::HANDLERS[] = {
+    {"host", &HostVisitor::visit_host_elem},
+    {"kernel_config", &HostVisitor::visit_kernel_config_elem},
+};
+
 HostVisitor::HostVisitor(BaseVisitor* parent, BoardSpec* spec) : BaseVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
 }
 
 bool HostVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "host") {
-        return visit_host_elem(elem);
-    }
-    if (name == "kernel_config") {
-        return visit_kernel_config_elem(elem);
-    }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool HostVisitor::visit_host_elem(const XMLElement& elem) {
@@ -44,7 +42,8 @@ bool HostVisitor::visit_kernel_config_elem(const XMLElement& elem) {
         return !m_has_error;
     }
     if (size.value == 0) {
-        return report_attr_error(elem, "size", "Kernel configuration size expected to be > 0.");
+        return report_attr_error(elem, "size", "Kernel configuration size expected to be > 0.",
+                                 {"out-of-range", {"1"}});
     }
     HostConfig& host_config = m_spec->get_host_config();
     host_config.kernel_config_start = start.value;
@@ -56,7 +55,8 @@ bool HostVisitor::VisitExit(const XMLElement& elem) {
     if (!m_has_error && current_name() == "host"
         && m_spec->get_host_config().get_kernel_config_size() == 0) {
         return report_error(
-            "Missing kernel configuration (<kernel_config>) in host specification (<host>).");
+            "Missing kernel configuration (<kernel_config>) in host specification (<host>).",
+            {"missing-element", {}, "kernel_config"});
     }
     return BaseVisitor::VisitExit(elem);
 }

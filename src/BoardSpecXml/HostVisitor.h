@@ -20,6 +20,8 @@ private:
     bool visit_host_elem(const XMLElement& elem);
     bool visit_kernel_config_elem(const XMLElement& elem);
 
+    static const ElementHandler<HostVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
 };
 

@@ -70,7 +70,7 @@ bool InterfaceVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
     if (current_name() == "port") {
         return false;  // the PortVisitor has read it
     }
-    return report_unexpected_elem(elem, "");
+    return report_unexpected_elem(elem, "", {nullptr, {"port"}});
 }
 
 bool InterfaceVisitor::report_missing_attrs(const XMLElement& elem, const Attributes& attributes) {
@@ -122,7 +122,8 @@ bool InterfaceVisitor::read_type(const XMLElement& elem, const FoundAttribute& f
     const std::size_t type = index_of_word(INTERFACE_TYPE_WORDS, word);
     if (type == std::size(INTERFACE_TYPE_WORDS)) {
         return report_attr_error(elem, found.name,
-                                 std::string("Unrecognized Varnel interface type '") + word + "'.");
+                                 std::string("Unrecognized Varnel interface type '") + word + "'.",
+                                 {"unknown-word", texts_of_words(INTERFACE_TYPE_WORDS)});
     }
     m_intf->set_type(static_cast<Interface::Type>(type));
     return true;
@@ -134,7 +135,8 @@ bool InterfaceVisitor::read_width(const XMLElement& elem, const FoundAttribute& 
         return false;
     }
     if (width == 0) {
-        return report_attr_error(elem, found.name, "Data width must be > 0.");
+        return report_attr_error(elem, found.name, "Data width must be > 0.",
+                                 {"out-of-range", {"1"}});
     }
     m_intf->set_data_width(width);
     return true;
@@ -146,7 +148,8 @@ bool InterfaceVisitor::read_maxburst(const XMLElement& elem, const FoundAttribut
         return false;
     }
     if (maxburst == 0) {
-        return report_attr_error(elem, found.name, "Max burst count must be > 0.");
+        return report_attr_error(elem, found.name, "Max burst count must be > 0.",
+                                 {"out-of-range", {"1"}});
     }
     m_intf->set_max_burst_count(maxburst);
     return true;
@@ -167,7 +170,8 @@ bool InterfaceVisitor::read_size(const XMLElement& elem, const FoundAttribute& f
         return false;
     }
     if (size.value == 0) {
-        return report_attr_error(elem, found.name, "Interface size must be > 0.");
+        return report_attr_error(elem, found.name, "Interface size must be > 0.",
+                                 {"out-of-range", {"1"}});
     }
     // A multiple of 2^32 is not caught here: it meets the setter's assertion.
     m_intf->set_size(static_cast<unsigned>(size.value));
@@ -183,7 +187,8 @@ bool InterfaceVisitor::read_latency_type(const XMLElement& elem, const FoundAttr
     if (latency_type == std::size(LATENCY_TYPE_WORDS)) {
         return report_attr_error(
             elem, found.name,
-            std::string("Unrecognized latency type in Varnel interface '") + word + "'.");
+            std::string("Unrecognized latency type in Varnel interface '") + word + "'.",
+            {"unknown-word", texts_of_words(LATENCY_TYPE_WORDS)});
     }
     m_intf->latency_type = static_cast<unsigned>(latency_type);
     return true;
@@ -205,7 +210,8 @@ bool InterfaceVisitor::read_sampling_rate(const XMLElement& elem, const FoundAtt
     }
     // A NaN is not caught here: it meets the setter's assertion.
     if (sampling_rate <= 0.0f) {
-        return report_attr_error(elem, found.name, "Interface sampling rate must be > 0.");
+        return report_attr_error(elem, found.name, "Interface sampling rate must be > 0.",
+                                 {"out-of-range", {"1"}});
     }
     m_intf->set_sampling_rate(sampling_rate);
     return true;
@@ -215,7 +221,8 @@ bool InterfaceVisitor::VisitExit(const XMLElement& elem) {
     // Made on leaving the interface and each of its children, after an error as well: an interface
     // whose reading ended before its ports adds this message to the one that ended it.
     if (m_intf != nullptr && m_intf->get_num_ports() == 0) {
-        return report_attr_error(elem, "port", "At least one port is required in interface ");
+        return report_attr_error(elem, "port", "At least one port is required in interface ",
+                                 {"missing-port", {}, "port"});
     }
     return BaseVisitor::VisitExit(elem);
 }

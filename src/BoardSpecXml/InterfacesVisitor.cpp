@@ -7,6 +7,12 @@
 
 namespace vemo::board::xml {
 
+const InterfacesVisitor::ElementHandler<InterfacesVisitor> InterfacesVisitor::HANDLERS[] = {
+    {"interfaces", &InterfacesVisitor::visit_interfaces_elem},
+    {"interface", &InterfacesVisitor::visit_interface_elem},
+    {"kernel_clk_reset", &InterfacesVisitor::visit_kernel_clk_reset_elem},
+};
+
 InterfacesVisitor::InterfacesVisitor(BaseVisitor* parent, BoardSpec* spec)
     : BaseVisitor(parent), m_spec(spec) {
     VEMO_ASSERT(spec != NULL);
@@ -14,17 +20,7 @@ InterfacesVisitor::InterfacesVisitor(BaseVisitor* parent, BoardSpec* spec)
 
 bool InterfacesVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "interfaces") {
-        return visit_interfaces_elem(elem);
-    }
-    if (name == "interface") {
-        return visit_interface_elem(elem);
-    }
-    if (name == "kernel_clk_reset") {
-        return visit_kernel_clk_reset_elem(elem);
-    }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool InterfacesVisitor::visit_interfaces_elem(const XMLElement& elem) {
@@ -66,7 +62,8 @@ bool InterfacesVisitor::visit_kernel_clk_reset_elem(const XMLElement& elem) {
 bool InterfacesVisitor::VisitExit(const XMLElement& elem) {
     if (!m_has_error && current_name() == "interfaces"
         && !m_spec->get_interface_config().has_kernel_clk_reset()) {
-        return report_error("Missing kernel clock-reset interface (<kernel_clk_reset>).");
+        return report_error("Missing kernel clock-reset interface (<kernel_clk_reset>).",
+                            {"missing-element", {}, "kernel_clk_reset"});
     }
     return BaseVisitor::VisitExit(elem);
 }

@@ -21,6 +21,8 @@ private:
     bool visit_interface_elem(const XMLElement& elem);
     bool visit_kernel_clk_reset_elem(const XMLElement& elem);
 
+    static const ElementHandler<InterfacesVisitor> HANDLERS[];
+
     BoardSpec* m_spec;
 };
 

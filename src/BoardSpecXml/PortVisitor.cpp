@@ -33,7 +33,7 @@ bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_a
     if (name == "attribute") {
         return false;  // the AttributeVisitor has read it, if it is to be read
     }
-    return report_unexpected_elem(elem, "");
+    return report_unexpected_elem(elem, "", {nullptr, {"port", "attribute"}});
 }
 
 bool PortVisitor::visit_port_elem(const XMLElement& elem) {
@@ -50,7 +50,8 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
     if (direction == std::size(DIRECTION_WORDS)) {
         return report_attr_error(
             elem, "direction",
-            std::string("Unrecognized direction in interface port '") + direction_word + "'.");
+            std::string("Unrecognized direction in interface port '") + direction_word + "'.",
+            {"unknown-word", texts_of_words(DIRECTION_WORDS)});
     }
     port->direction = static_cast<Port::Direction>(direction);
 
@@ -61,7 +62,8 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
         const bool is_true = hazard_free == "true" || hazard_free == "1";
         if (!is_true && hazard_free != "false" && hazard_free != "0") {
             return report_attr_error(elem, "hazard_free_attributes",
-                                     "hazard_free_attributes should be a boolean (true or false).");
+                                     "hazard_free_attributes should be a boolean (true or false).",
+                                     {"unknown-word", {"true", "false"}});
         }
         port->hazard_free_attributes = is_true;
     }
@@ -71,7 +73,8 @@ bool PortVisitor::visit_port_elem(const XMLElement& elem) {
         if (port->hazard_free_attributes) {
             return report_attr_error(elem, "attribute_width",
                                      "Cannot specify additional attributes without specifying "
-                                     "hazard_free_attributes=false");
+                                     "hazard_free_attributes=false",
+                                     {"attributes-need-hazards"});
         }
         AttributeVisitor reader(this, port.get());
         walk_with(elem, &reader);

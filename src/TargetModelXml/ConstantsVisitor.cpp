@@ -45,7 +45,8 @@ bool ConstantQueries::check_constant_elem(const XMLElement& elem) {
 }
 
 bool ConstantQueries::report_value_error(const XMLElement& elem, const char* range) {
-    return report_attr_error(elem, "value", std::string("<") + elem.Value() + range);
+    return report_attr_error(elem, "value", std::string("<") + elem.Value() + range,
+                             {"out-of-range", {"1"}});
 }
 
 }  // namespace vemo::tmodel::xml

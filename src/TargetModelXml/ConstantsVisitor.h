@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
+#include "Base/ArrayView.h"
 #include "BaseVisitor/BaseVisitor.h"
 
 namespace vemo::tmodel::xml {
@@ -96,9 +96,8 @@ protected:
     };
 
     /// The constants stand in the order of the final check.
-    template <std::size_t N>
-    ConstantsVisitor(BaseVisitor* parent, std::string_view element, const Constant (&constants)[N])
-        : ConstantQueries(parent, element), m_constants(constants), m_num_constants(N) {}
+    ConstantsVisitor(BaseVisitor* parent, std::string_view element, ArrayView<Constant> constants)
+        : ConstantQueries(parent, element), m_constants(constants) {}
 
     // What stands in the rows, one for each query. `Store` is a setter or a field of the Model.
 
@@ -115,20 +114,19 @@ protected:
 
     /// Reads the constant that `elem` is into `model`; reports an element of any other name.
     bool read_constant(const XMLElement& elem, Model* model) {
-        for (std::size_t i = 0; i < m_num_constants; ++i) {
-            if (current_name() == m_constants[i].name) {
-                m_constants[i].read(this, elem, model);
+        for (const Constant& constant : m_constants) {
+            if (current_name() == constant.name) {
+                constant.read(this, elem, model);
                 return !m_has_error;
             }
         }
-        return report_unexpected_elem(elem, "");
+        return report_unexpected_elem(elem, "", {nullptr, names_of(m_constants)});
     }
 
     /// Whether each constant has occurred once in the sub-model element `elem`.
     bool check_constants(const XMLElement& elem) {
-        for (std::size_t i = 0; i < m_num_constants; ++i) {
-            if (!report_unexpected_elem_count(elem, 1, 2, elem.Value(),
-                                              m_constants[i].name.data())) {
+        for (const Constant& constant : m_constants) {
+            if (!report_unexpected_elem_count(elem, 1, 2, elem.Value(), constant.name.data())) {
                 return false;
             }
         }
@@ -136,8 +134,7 @@ protected:
     }
 
 private:
-    const Constant* m_constants;
-    std::size_t m_num_constants;
+    ArrayView<Constant> m_constants;
 };
 
 }  // namespace vemo::tmodel::xml

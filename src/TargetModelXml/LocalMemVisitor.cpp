@@ -61,7 +61,8 @@ bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
         }
         if (!m_tm->get_local_mem_model().has_fmax_degradation_model()) {
             return report_error(
-                elem, "Missing fmax degradation <fmax_degradation> model for local memory.");
+                elem, "Missing fmax degradation <fmax_degradation> model for local memory.",
+                {"missing-element", {}, "fmax_degradation"});
         }
     }
     return BaseVisitor::VisitExit(elem);

@@ -1,6 +1,8 @@
 #include "TargetModelXml/TargetModelVisitor.h"
 
-#include <string_view>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 #include "Base/Assert.h"
 #include "TargetModelXml/DelayModelVisitor.h"
@@ -9,6 +11,27 @@
 #include "TargetModelXml/LocalMemVisitor.h"
 
 namespace vemo::tmodel::xml {
+namespace {
+
+std::vector<std::string> family_keys() {
+    std::vector<std::string> keys;
+    for (auto family = TargetFamily(); family != TargetFamily::TypeCount;
+         family = static_cast<TargetFamily>(static_cast<std::int32_t>(family) + 1)) {
+        keys.emplace_back(find_target_family_key(family));
+    }
+    return keys;
+}
+
+}  // namespace
+
+const TargetModelVisitor::ElementHandler<TargetModelVisitor> TargetModelVisitor::HANDLERS[] = {
+    {"target_model", &TargetModelVisitor::visit_target_model_elem},
+    {"style_model", &TargetModelVisitor::visit_style_model_elem},
+    {"local_mem", &TargetModelVisitor::visit_local_mem_elem},
+    {"global_interconnect", &TargetModelVisitor::visit_global_interconnect_elem},
+    {"delay_model", &TargetModelVisitor::visit_delay_model_elem},
+    {"family_info", &TargetModelVisitor::visit_family_model_elem},
+};
 
 TargetModelVisitor::TargetModelVisitor(TargetModel* tm, vemo::xml::VisitorCallbacks* callbacks,
                                        bool debug)
@@ -18,26 +41,7 @@ TargetModelVisitor::TargetModelVisitor(TargetModel* tm, vemo::xml::VisitorCallba
 
 bool TargetModelVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) {
     BaseVisitor::VisitEnter(elem, first_attribute);
-    const std::string_view name = current_name();
-    if (name == "target_model") {
-        return visit_target_model_elem(elem);
-    }
-    if (name == "style_model") {
-        return visit_style_model_elem(elem);
-    }
-    if (name == "local_mem") {
-        return visit_local_mem_elem(elem);
-    }
-    if (name == "global_interconnect") {
-        return visit_global_interconnect_elem(elem);
-    }
-    if (name == "delay_model") {
-        return visit_delay_model_elem(elem);
-    }
-    if (name == "family_info") {
-        return visit_family_model_elem(elem);
-    }
-    return report_unexpected_elem(elem, "");
+    return dispatch(this, elem, HANDLERS);
 }
 
 bool TargetModelVisitor::visit_target_model_elem(const XMLElement& elem) {
@@ -49,7 +53,8 @@ bool TargetModelVisitor::visit_target_model_elem(const XMLElement& elem) {
         return false;
     }
     if (version != "0.9") {
-        return report_attr_error(elem, "version", "Unsupported version string.");
+        return report_attr_error(elem, "version", "Unsupported version string.",
+                                 {"unsupported-version", {"0.9"}});
     }
     m_tm->version = TargetModel::Version_0_9;
 
@@ -58,7 +63,8 @@ bool TargetModelVisitor::visit_target_model_elem(const XMLElement& elem) {
     }
     m_tm->family = find_target_family(family);
     if (m_tm->family == TargetFamily::TypeCount) {
-        return report_attr_error(elem, "family", "Unrecognized family option (" + family + ").");
+        return report_attr_error(elem, "family", "Unrecognized family option (" + family + ").",
+                                 {"unknown-word", family_keys()});
     }
     return !m_has_error;
 }
@@ -71,7 +77,8 @@ bool TargetModelVisitor::visit_style_model_elem(const XMLElement& elem) {
         return false;
     }
     if (*file == '\0') {
-        return report_attr_error(elem, "file", "Target Style Model file is empty.");
+        return report_attr_error(elem, "file", "Target Style Model file is empty.",
+                                 {"empty-value"});
     }
     m_tm->style_models.emplace_back(file);
     return !m_has_error;
@@ -104,16 +111,20 @@ bool TargetModelVisitor::VisitExit(const XMLDocument& doc) {
         return false;
     }
     if (m_tm->style_models.empty()) {
-        return report_error("At least one Target Style Model file (<style_model>) must be given.");
+        return report_error("At least one Target Style Model file (<style_model>) must be given.",
+                            {"missing-element", {}, "style_model"});
     }
     if (!m_tm->has_local_mem_model()) {
-        return report_error("Missing local memory model (<local_mem>) in target model.");
+        return report_error("Missing local memory model (<local_mem>) in target model.",
+                            {"missing-element", {}, "local_mem"});
     }
     if (!m_tm->has_delay_model()) {
-        return report_error("Missing delay model (<delay_model>) in target model.");
+        return report_error("Missing delay model (<delay_model>) in target model.",
+                            {"missing-element", {}, "delay_model"});
     }
     if (!m_tm->has_family_model()) {
-        return report_error("Missing family model (<family_info>) in target model.");
+        return report_error("Missing family model (<family_info>) in target model.",
+                            {"missing-element", {}, "family_info"});
     }
     return BaseVisitor::VisitExit(doc);
 }

@@ -29,6 +29,8 @@ private:
     template <typename Child>
     bool visit_sub_model_elem(const XMLElement& elem);
 
+    static const ElementHandler<TargetModelVisitor> HANDLERS[];
+
     TargetModel* m_tm;
 };
 

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <tinyxml2.h>
+
+namespace vemo::xml {
+
+/// Two elements that break a rule together; the second is null for an element that breaks it alone.
+struct ElementPair {
+    const tinyxml2::XMLElement* first;
+    const tinyxml2::XMLElement* second;
+};
+
+/// What a reader says about an error beyond its text.
+struct ReportDetails {
+    /// Id of the broken rule, a literal in words: "unknown-word". Null for the rule of the report
+    /// operation itself.
+    const char* rule = nullptr;
+
+    /// Names or values that pass in place of the one reported. For a number, an example.
+    std::vector<std::string> accepted = {};
+
+    /// Name of the child element that is missing or occurs too often; null when there is none.
+    const char* child = nullptr;
+
+    /// Name of the attribute that breaks the rule, where the operation is not given one.
+    const char* attribute = nullptr;
+
+    /// Of a rule on several elements: those that break it.
+    std::vector<ElementPair> pairs = {};
+};
+
+/// An error as data, for programs that present errors in their own way or look for a repair.
+struct Report {
+    const char* rule;                   ///< Id of the broken rule; never null.
+    std::string message;                ///< The text without source and line; may be empty.
+    const tinyxml2::XMLElement* elem;   ///< Where it is reported; null for the document.
+    std::string attribute;              ///< The attribute concerned, which may be absent.
+    std::vector<std::string> accepted;  ///< See ReportDetails.
+    std::string child;                  ///< See ReportDetails; empty when there is none.
+    std::vector<ElementPair> pairs;     ///< See ReportDetails.
+};
+
+/// Receives the errors of a walk as data, beside the finished texts that VisitorCallbacks receive.
+class ReportSink {
+public:
+    virtual ~ReportSink() = default;
+
+    /// Takes one error. Elements belong to the document being walked.
+    virtual void report(const Report& report) = 0;
+
+    /// An element is about to be read.
+    virtual void enter(const tinyxml2::XMLElement& elem) = 0;
+};
+
+}  // namespace vemo::xml
