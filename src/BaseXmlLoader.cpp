@@ -1,29 +1,42 @@
 #include "BaseXmlLoader.h"
 
-#include <fcntl.h>
+#include <unistd.h>
 
 #include "Base/Assert.h"
+#include "Base/OpenForReading.h"
 
 namespace vemo::xml {
 namespace {
 
 constexpr const char* MEMORY_SOURCE_NAME = "[mem]";
 
-/// Opens a file for reading, without waiting for anybody: a pipe that nobody writes to, which the
-/// library could not read anyway, would otherwise stop the run. Null when it cannot be opened.
-std::FILE* open_file(const char* filename) {
-    const int fd = open(filename, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    return fd == -1 ? nullptr : fdopen(fd, "rb");
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+/// Null when the file cannot be opened.
+File open_file(const char* filename) {
+    const int fd = open_for_reading(filename);
+    if (fd == -1) {
+        return nullptr;
+    }
+    File file(fdopen(fd, "rb"));
+    if (file == nullptr) {
+        close(fd);
+    }
+    return file;
 }
 
 void load(tinyxml2::XMLDocument* doc, const char* filename) {
-    std::FILE* file = open_file(filename);
-    if (file == nullptr) {
-        doc->LoadFile(filename);  // words the failure
+    const File file = open_file(filename);
+    if (file != nullptr) {
+        doc->LoadFile(file.get());
         return;
     }
-    doc->LoadFile(file);
-    std::fclose(file);
+    // The library words the failure. It would wait for the other end of a pipe, and so gets the name
+    // only where it cannot wait.
+    doc->LoadFile(opens_without_waiting(filename) ? filename : "");
 }
 
 }  // namespace

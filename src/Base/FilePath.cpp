@@ -1,7 +1,10 @@
 #include "Base/FilePath.h"
 
-#include <fcntl.h>
 #include <unistd.h>
+
+#include <cerrno>
+
+#include "Base/OpenForReading.h"
 
 namespace vemo {
 namespace {
@@ -46,10 +49,9 @@ std::string FilePath::append(std::string base, std::string tail) {
 }
 
 bool FilePath::exists(std::string path) {
-    // O_NONBLOCK: the opening of a pipe must not wait for a writer.
-    const int fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const int fd = open_for_reading(path.c_str());
     if (fd == -1) {
-        return false;
+        return !means_absent(errno);
     }
     close(fd);
     return true;

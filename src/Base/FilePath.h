@@ -28,7 +28,8 @@ public:
     static std::string append(std::string base, std::string tail);
 
     /// True when the path can be opened for reading; so a directory exists, an unreadable file
-    /// does not.
+    /// does not. True as well when the system fails to tell (too many open files, a read error of
+    /// the disk): whoever opens the file next reports that, and no search passes over it.
     static bool exists(std::string path);
 };
 
