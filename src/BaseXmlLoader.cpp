@@ -2,7 +2,10 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 #include "Base/Assert.h"
+#include "Base/CLocaleScope.h"
 #include "Base/OpenForReading.h"
 
 namespace vemo::xml {
@@ -34,8 +37,8 @@ void load(tinyxml2::XMLDocument* doc, const char* filename) {
         doc->LoadFile(file.get());
         return;
     }
-    // The library words the failure. It would wait for the other end of a pipe, and so gets the name
-    // only where it cannot wait.
+    // The library words the failure. It would wait for the other end of a pipe, and so gets the
+    // name only where it cannot wait.
     doc->LoadFile(opens_without_waiting(filename) ? filename : "");
 }
 
@@ -45,14 +48,12 @@ tinyxml2::XMLDocument* BaseXmlLoader::parse_file(const char* filename) {
     auto doc = read_file(filename);
     if (doc->Error()) {
         std::printf("ERROR FOUND: %s\n", doc->ErrorName());
-        return nullptr;
     }
-    return doc.release();
+    return release_unless_failed(std::move(doc));
 }
 
 tinyxml2::XMLDocument* BaseXmlLoader::parse_file_quietly(const char* filename) {
-    auto doc = read_file(filename);
-    return doc->Error() ? nullptr : doc.release();
+    return release_unless_failed(read_file(filename));
 }
 
 std::unique_ptr<tinyxml2::XMLDocument> BaseXmlLoader::read_file(const char* filename) {
@@ -62,9 +63,6 @@ std::unique_ptr<tinyxml2::XMLDocument> BaseXmlLoader::read_file(const char* file
 
     auto doc = std::make_unique<tinyxml2::XMLDocument>();
     load(doc.get(), filename);
-    if (doc->Error()) {
-        set_last_error(doc.get());
-    }
     return doc;
 }
 
@@ -75,6 +73,11 @@ tinyxml2::XMLDocument* BaseXmlLoader::parse_xml(const char* xml) {
 
     auto doc = std::make_unique<tinyxml2::XMLDocument>();
     doc->Parse(xml);
+    return release_unless_failed(std::move(doc));
+}
+
+tinyxml2::XMLDocument* BaseXmlLoader::release_unless_failed(
+    std::unique_ptr<tinyxml2::XMLDocument> doc) {
     if (doc->Error()) {
         set_last_error(doc.get());
         return nullptr;
@@ -88,7 +91,9 @@ void BaseXmlLoader::report_warning(const std::string& text) { m_warnings.push_ba
 
 const char* BaseXmlLoader::get_source_name() const { return m_source_name; }
 
-void BaseXmlLoader::debug(const std::string& text) { std::fputs(text.c_str(), stderr); }
+void BaseXmlLoader::debug(const std::string& text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+}
 
 void BaseXmlLoader::reset_errors() {
     m_errors.clear();
@@ -117,6 +122,11 @@ void BaseXmlLoader::set_last_error(tinyxml2::XMLDocument* doc) {
         text += std::string(", ") + detail;
     }
     report_error(text + "\n");
+}
+
+bool BaseXmlLoader::walk(const tinyxml2::XMLDocument& doc, tinyxml2::XMLVisitor* visitor) {
+    const CLocaleScope c_locale;
+    return doc.Accept(visitor);
 }
 
 std::string BaseXmlLoader::doc_to_string(tinyxml2::XMLDocument* doc) {

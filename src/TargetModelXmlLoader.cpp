@@ -59,7 +59,8 @@ bool TargetModelXmlLoader::exists(const char* what, const std::string& path) con
 
 void TargetModelXmlLoader::trace(const char* label, const std::string& text) const {
     if (m_echo != nullptr) {
-        std::printf("%s%s\n", label, text.c_str());
+        const std::string line = label + text + "\n";
+        std::fwrite(line.data(), 1, line.size(), stdout);
     }
 }
 

@@ -98,7 +98,8 @@ bool BaseVisitor::Visit(const tinyxml2::XMLUnknown&) { return !m_has_error; }
 
 const char* BaseVisitor::get_source_name() const {
     VEMO_ASSERT(m_callbacks != NULL);
-    return m_callbacks->get_source_name();
+    const char* name = m_callbacks->get_source_name();
+    return name == nullptr ? "" : name;
 }
 
 void BaseVisitor::debug(const std::string& text) const {

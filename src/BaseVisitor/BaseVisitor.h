@@ -89,7 +89,7 @@ public:
     bool Visit(const tinyxml2::XMLComment& comment) override;
     bool Visit(const tinyxml2::XMLUnknown& unknown) override;
 
-    /// Needs callbacks.
+    /// What the callbacks name the document; "" when they have no name for it. Needs callbacks.
     const char* get_source_name() const;
 
     /// Passes `text` on to the callbacks when the debug switch is on.
