@@ -1,7 +1,7 @@
 #include "BoardSpec/BoardSpec.h"
 
 #include <algorithm>
-#include <iterator>
+#include <memory>
 
 #include "Base/Assert.h"
 #include "Base/JoinedList.h"
@@ -82,8 +82,15 @@ void BoardSpec::set_interface_config(InterfaceConfig* interface_config) {
 
 void BoardSpec::set_compile_config(CompileConfig* compile_config, const std::string& config_name) {
     VEMO_ASSERT(compile_config != NULL);
+    std::unique_ptr<CompileConfig> owned(compile_config);
     m_compile_config_names.push_back(config_name);
-    replace_owned(m_compile_configs[config_name], compile_config);
+    try {
+        CompileConfig*& slot = m_compile_configs[config_name];
+        replace_owned(slot, owned.release());
+    } catch (...) {
+        m_compile_config_names.pop_back();
+        throw;
+    }
 }
 
 CompileConfig& BoardSpec::get_compile_config(const std::string& config_name) {
@@ -115,8 +122,9 @@ std::string BoardSpec::get_string_of_board_compile_config_names() const {
 
 void BoardSpec::add_global_mem_config(GlobalMemConfig* gmc, bool is_default) {
     VEMO_ASSERT(gmc != NULL);
-    m_global_mem_configs.insert(
-        is_default ? m_global_mem_configs.begin() : m_global_mem_configs.end(), gmc);
+    insert_owned(m_global_mem_configs,
+                 is_default ? m_global_mem_configs.begin() : m_global_mem_configs.end(),
+                 std::unique_ptr<GlobalMemConfig>(gmc));
 }
 
 GlobalMemConfig& BoardSpec::get_global_mem_config() {

@@ -1,8 +1,10 @@
 #include "BoardSpec/Interface.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "Base/Assert.h"
+#include "Base/Ownership.h"
 
 namespace vemo::board {
 
@@ -35,16 +37,16 @@ void Interface::set_sampling_rate(float sampling_rate) {
 
 void Interface::add_port(Port* port) {
     VEMO_ASSERT(port != NULL);
-    m_port.push_back(port);
+    append_owned(m_port, std::unique_ptr<Port>(port));
 }
 
 void Interface::add_port(const std::string& port_name, Port::Direction dir) {
-    auto* port = new Port;
+    auto port = std::make_unique<Port>();
     port->name = port_name;
     if (dir >= 0 && dir < Port::TypeCount) {
         port->direction = dir;
     }
-    add_port(port);
+    add_port(port.release());
 }
 
 const Port* Interface::get_port(unsigned port) const {

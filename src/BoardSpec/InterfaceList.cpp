@@ -1,5 +1,7 @@
 #include "BoardSpec/InterfaceList.h"
 
+#include <utility>
+
 #include "Base/Assert.h"
 #include "Base/Ownership.h"
 
@@ -9,7 +11,12 @@ InterfaceList::~InterfaceList() { clean_ptr_container(m_interfaces); }
 
 void InterfaceList::add_interface(Interface* intf) {
     VEMO_ASSERT(intf != NULL);
-    m_interfaces.push_back(intf);
+    append_owned(m_interfaces, std::unique_ptr<Interface>(intf));
+}
+
+void InterfaceList::add_interface(InterfacePtr intf) {
+    VEMO_ASSERT(intf != NULL);
+    append_owned(m_interfaces, std::move(intf));
 }
 
 const Interface& InterfaceList::get_intf(unsigned i) const {

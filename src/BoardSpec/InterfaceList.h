@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "BoardSpec/DestroyWithPorts.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::board {
@@ -15,6 +16,9 @@ public:
 
     /// Appends `intf`, which must not be null, and takes ownership of it.
     void add_interface(Interface* intf);
+
+    /// The same. If memory runs out, destroys the ports as well.
+    void add_interface(InterfacePtr intf);
 
     /// Interface number `i`, counted from 0; it must exist.
     const Interface& get_intf(unsigned i) const;

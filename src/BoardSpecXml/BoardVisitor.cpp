@@ -1,6 +1,7 @@
 #include "BoardSpecXml/BoardVisitor.h"
 
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 #include "Base/Assert.h"
@@ -17,7 +18,7 @@ namespace {
 
 /// The flow of a 0.9 board, which cannot describe one.
 CompileConfig* new_built_in_flow() {
-    auto* config = new CompileConfig;
+    auto config = std::make_unique<CompileConfig>();
     config->project = "top";
     config->revision = "top";
     config->lomb_file = "system.lomb";
@@ -27,7 +28,7 @@ CompileConfig* new_built_in_flow() {
         " --jvm-max-heap-size=3G";
     config->synthesize_cmd = "fendra_sh --flow compile top";
     config->automigrate_type = "auto";
-    return config;
+    return config.release();
 }
 
 }  // namespace

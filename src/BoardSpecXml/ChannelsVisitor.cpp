@@ -1,8 +1,8 @@
 #include "BoardSpecXml/ChannelsVisitor.h"
 
-#include <memory>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "Base/Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
@@ -43,13 +43,13 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
     if (!report_unexpected_elem_stack(elem, 1, "channels") || !walk_with(elem, &reader)) {
         return false;
     }
-    std::unique_ptr<Interface> intf(reader.release_intf());
+    InterfacePtr intf(reader.release_intf());
     if (intf->get_type() != Interface::StreamSource && intf->get_type() != Interface::StreamSink) {
         return report_error(
             elem, "Channel interface must be a stream.",
             {"wrong-interface-type", {"streamsource", "streamsink"}, nullptr, "type"});
     }
-    m_spec->get_channel_config().add_interface(intf.release());
+    m_spec->get_channel_config().add_interface(std::move(intf));
     // True: this visitor walks the children as well, and a `port` among them is one it does not
     // expect. A channel names its port by attribute.
     return !m_has_error;

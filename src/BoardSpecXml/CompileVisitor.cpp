@@ -1,6 +1,7 @@
 #include "BoardSpecXml/CompileVisitor.h"
 
 #include <iterator>
+#include <memory>
 #include <string_view>
 
 #include "Base/Assert.h"
@@ -53,8 +54,9 @@ bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
         name.clear();
         query_attribute(elem, attributes["name"], &name, REPORT, REQUIRED);
     }
-    m_config = new CompileConfig;
-    m_config->name = name;
+    auto config = std::make_unique<CompileConfig>();
+    config->name = name;
+    m_config = config.release();
     m_spec->set_compile_config(m_config, name);
 
     if (!m_has_error

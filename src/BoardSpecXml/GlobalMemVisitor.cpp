@@ -3,6 +3,7 @@
 #include <iterator>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "Base/Assert.h"
 #include "Base/WordTable.h"
@@ -111,12 +112,12 @@ bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
         return false;
     }
     VEMO_ASSERT(m_global_mem != NULL);
-    std::unique_ptr<Interface> intf(reader.release_intf());
+    InterfacePtr intf(reader.release_intf());
     if (intf->get_type() != Interface::Slave) {
         return report_error(elem, "Global memory interface must be a slave.",
                             {"wrong-interface-type", {"slave"}, nullptr, "type"});
     }
-    m_global_mem->add_interface(intf.release());
+    m_global_mem->add_interface(std::move(intf));
     // All children are ports, or the interface's own visitor had reported them: that this visitor
     // walks them as well could only be traced.
     return is_tracing();

@@ -87,7 +87,7 @@ bool InterfaceVisitor::visit_vnl_interface_elem(const XMLElement& elem,
     if (!report_unexpected_attrs(elem, attributes.found)) {
         return false;
     }
-    m_intf = std::make_unique<Interface>();
+    m_intf.reset(new Interface);
     for (std::size_t row = 0; row < std::size(Attributes::TABLE); ++row) {
         const Attribute& attribute = Attributes::TABLE[row];
         const bool is_found = attributes.found.has(row);

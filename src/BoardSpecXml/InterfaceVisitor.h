@@ -1,9 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "Base/ArrayView.h"
 #include "BaseVisitor/BaseVisitor.h"
+#include "BoardSpec/DestroyWithPorts.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::board::xml {
@@ -20,8 +19,8 @@ public:
     bool VisitEnter(const XMLElement& elem, const XMLAttribute* first_attribute) override;
     bool VisitExit(const XMLElement& elem) override;
 
-    /// The interface read, owned by the caller from here on; null before the walk and after the
-    /// first call.
+    /// The interface read, owned by the caller from here on as are its ports; null before the walk
+    /// and after the first call.
     Interface* release_intf();
 
 private:
@@ -51,7 +50,7 @@ private:
     bool read_sampling_rate(const XMLElement& elem, const FoundAttribute& found);
 
     ArrayView<const char*> m_required;
-    std::unique_ptr<Interface> m_intf;  // until released
+    InterfacePtr m_intf;  // until released
 };
 
 }  // namespace vemo::board::xml

@@ -36,7 +36,7 @@ bool InterfacesVisitor::visit_interface_elem(const XMLElement& elem) {
     if (!report_unexpected_elem_stack(elem, 1, "interfaces") || !walk_with(elem, &reader)) {
         return false;
     }
-    m_spec->get_interface_config().add_interface(reader.release_intf());
+    m_spec->get_interface_config().add_interface(InterfacePtr(reader.release_intf()));
     // True: this visitor walks the children as well, and a `port` among them is one it does not
     // expect. Such an interface names its port by attribute.
     return !m_has_error;
