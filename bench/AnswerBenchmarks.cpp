@@ -16,7 +16,7 @@ using vemo::board::BoardSpec;
 namespace {
 
 std::unique_ptr<const BoardSpec> load_board(int64_t count) {
-    vemo::board::BoardSpecXmlLoader loader(false, false);
+    vemo::board::BoardSpecXmlLoader loader;
     const BoardSpec* spec = loader.load_xml(board_text(static_cast<int>(count)).c_str());
     if (spec == nullptr) {
         throw std::runtime_error(loader.get_error(0));

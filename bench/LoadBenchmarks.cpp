@@ -16,7 +16,7 @@ namespace {
 
 void load(State& state) {
     const std::string text = board_text(static_cast<int>(state.range(0)));
-    vemo::board::BoardSpecXmlLoader loader(false, false);
+    vemo::board::BoardSpecXmlLoader loader;
     for (auto _ : state) {
         const std::unique_ptr<BoardSpec> spec(loader.load_xml(text.c_str()));
         if (spec == nullptr) {

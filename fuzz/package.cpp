@@ -94,12 +94,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::unique_ptr<vemo::tmodel::TargetModel> tm;
     until_invariant([&] {
         // Memories may overlap, which one of the dumps tells.
-        spec.reset(vemo::board::BoardSpecXmlLoader(false, true).load_xml(board_xml.c_str()));
+        spec.reset(vemo::board::BoardSpecXmlLoader(vemo::board::Overlap::Allow)
+                       .load_xml(board_xml.c_str()));
     });
     until_invariant(
-        [&] { dm.reset(vemo::dmodel::DeviceModelXmlLoader(false).load_xml(dm_xml.c_str())); });
+        [&] { dm.reset(vemo::dmodel::DeviceModelXmlLoader().load_xml(dm_xml.c_str())); });
     until_invariant(
-        [&] { tm.reset(vemo::tmodel::TargetModelXmlLoader(false).load_xml(tm_xml.c_str())); });
+        [&] { tm.reset(vemo::tmodel::TargetModelXmlLoader().load_xml(tm_xml.c_str())); });
     if (spec == nullptr || dm == nullptr || tm == nullptr) {
         return 0;
     }

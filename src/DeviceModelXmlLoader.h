@@ -10,21 +10,28 @@ namespace vemo::dmodel {
 /// Loads device model files.
 class DeviceModelXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
-    /// With `debug`, each document is echoed to standard error and its walk traced there.
+    explicit DeviceModelXmlLoader(vemo::xml::Debug debug = vemo::xml::Debug::Off)
+        : DeviceModelXmlLoader(debug == vemo::xml::Debug::On) {}
+
+    /// The same; `debug` stands for Debug::On.
     explicit DeviceModelXmlLoader(bool debug) : m_echo(echo_if(debug)) {}
 
-    // The loads return a model owned by the caller, or null when an error was reported.
-
+    /// Loads the file `filename`, see parse_file. Returns a model owned by the caller, or null when
+    /// an error was reported.
     DeviceModel* load_file(const char* filename);
+
+    /// The same for a NUL-terminated text, see parse_xml.
     DeviceModel* load_xml(const char* xml);
 
-    /// Takes ownership of `doc`; null stands for a parse that failed.
+    /// The same for a parsed document. Takes ownership of `doc`; null stands for a parse that
+    /// failed, and gives null.
     DeviceModel* load_target_model(tinyxml2::XMLDocument* doc);
 
-    /// Finds the device model file that a board file names `dm_path`: an absolute path as it is;
-    /// else the first that exists of the path itself (below the working directory), the path
-    /// beside the board file, and the path below share/models/dm of VEMOSDKROOT. Empty when none
-    /// exists.
+    /// Finds the device model file that the board file `board_spec_path` calls `dm_path`. Returns
+    /// an absolute path as it is; otherwise the first of these that exists, or "" when none does:
+    /// `dm_path` in the working directory, `dm_path` beside the board file, and
+    /// share/models/dm/`dm_path` below the directory that VEMOSDKROOT names. `board_spec_path` must
+    /// not be empty unless the file is in the working directory.
     std::string resolve_device_model_file(const std::string& dm_path,
                                           const std::string& board_spec_path) const;
 

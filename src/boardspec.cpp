@@ -130,7 +130,7 @@ void error_loader(const Loader& loader, const char* filename) {
 
 BoardSpec* parse_boardspec(const char* bspec_xml) {
     VEMO_ASSERT(bspec_xml);
-    BoardSpecXmlLoader loader(false, false);  // no debugging, overlaps are errors
+    BoardSpecXmlLoader loader;
     BoardSpec* bspec = loader.load_file(bspec_xml);
     if (bspec == nullptr) {
         error_loader(loader, bspec_xml);
@@ -142,7 +142,7 @@ DeviceModel* parse_devicemodel(const char* dm_xml, const char* bspec_xml,
                                std::string& dm_resolved_path) {
     VEMO_ASSERT(bspec_xml);
     VEMO_ASSERT(dm_xml);
-    DeviceModelXmlLoader loader(false);
+    DeviceModelXmlLoader loader;
     dm_resolved_path = loader.resolve_device_model_file(dm_xml, bspec_xml);
     DeviceModel* dm = loader.load_file(dm_resolved_path.c_str());
     if (dm == nullptr) {
@@ -155,7 +155,7 @@ TargetModel* parse_targetmodel(const char* tm_xml, const std::string& dm_resolve
                                std::string& tm_resolved_path) {
     VEMO_ASSERT(tm_xml);
     VEMO_ASSERT(!dm_resolved_path.empty());
-    TargetModelXmlLoader loader(false);
+    TargetModelXmlLoader loader;
     tm_resolved_path = loader.resolve_target_model_file(tm_xml, dm_resolved_path);
     TargetModel* tm = loader.load_file(tm_resolved_path.c_str());
     if (tm == nullptr) {

@@ -131,7 +131,9 @@ int run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return fail(std::string(error.what()) + "\nRun " + PROGRAM + " --help for its usage.");
     }
-    const vemo::BoardPackage package(options.board_path, options.allow_overlap);
+    using vemo::board::Overlap;
+    const vemo::BoardPackage package(options.board_path,
+                                     options.allow_overlap ? Overlap::Allow : Overlap::Refuse);
     const auto* format = std::find_if(
         std::begin(FORMATS), std::end(FORMATS),
         [&options](const Format& candidate) { return options.format == candidate.name; });

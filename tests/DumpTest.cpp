@@ -48,7 +48,7 @@ struct Dump : ::testing::Test {
         dir.write("tm.xml", TARGET_MODEL);
     }
 
-    vemo::BoardPackage load() const { return {dir / "board_spec.xml", false}; }
+    vemo::BoardPackage load() const { return vemo::BoardPackage(dir / "board_spec.xml"); }
     nlohmann::json json() const {
         return nlohmann::json::parse(vemo::dump::json_dump(load().sources()));
     }

@@ -3,7 +3,8 @@
 #include <cstddef>  // NULL
 
 /// Aborts the run unless `expr` holds, in every build type. For broken invariants only: what a
-/// file can get wrong is reported as a diagnostic instead.
+/// file can get wrong is reported as a diagnostic instead. An InvariantTrap turns the abort into an
+/// exception.
 ///
 /// The condition is printed as it stands after macro expansion, so that a check against NULL
 /// prints `intf != __null`. People search for these texts; spell a condition as it shall print.
@@ -13,7 +14,15 @@
 
 namespace vemo {
 
-/// Writes the failed condition and its place to standard error and aborts.
+/// Calls the thread's invariant handler, if there is one. Otherwise, or if the handler returns,
+/// writes the failed condition and its place to standard error and aborts.
 [[noreturn]] void assertion_failed(const char* condition, const char* file, int line);
+
+/// The arguments are those of assertion_failed.
+using InvariantHandler = void (*)(const char* condition, const char* file, int line);
+
+/// Sets the handler of the calling thread, null for none, and returns the former one. A thread
+/// starts without one.
+InvariantHandler set_invariant_handler(InvariantHandler handler);
 
 }  // namespace vemo

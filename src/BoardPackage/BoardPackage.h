@@ -4,35 +4,53 @@
 #include <stdexcept>
 #include <string>
 
-#include "BaseXmlLoader.h"
 #include "BoardPackage/AnswerTable.h"
+#include "BoardSpec/DestroyWithPorts.h"
+#include "BoardSpecXml/BoardSpecXmlLoader.h"
 
 namespace vemo {
 
-/// A file of a board package did not load. what() is the message that ends the matter.
+/// A file of a board package did not load. what() is the closing message, which names the file: the
+/// board file as the program does, a model file as the file that refers to it does.
 class LoadError : public std::runtime_error {
 public:
-    LoadError(const xml::BaseXmlLoader& loader, const std::string& filename);
+    /// `reports` are finished texts, see reports().
+    LoadError(const std::string& filename, std::string reports);
 
-    /// What the loader has reported: finished texts, to be shown before what().
+    /// The diagnostics, each ending in a newline, to be shown before what(). Never empty when
+    /// BoardPackage throws the error.
     const std::string& reports() const { return m_reports; }
 
 private:
     std::string m_reports;
 };
 
-/// A board and the device and target models that its file leads to, loaded. Owns the models.
+/// A board and the device and target models that its file leads to, loaded. Owns the models, and
+/// the ports of the board's interfaces.
+///
+/// What a program that uses it may rely on:
+/// - A package is loaded or the constructor throws, and then nothing is left behind: no memory and
+///   no open file. No file aborts the program: an invariant that a file breaks is a LoadError.
+/// - Packages may be loaded on several threads at once. A loaded package may be read on several
+///   threads at once.
+/// - The state of the process stays as it is. Nothing is written to standard output or standard
+///   error, locale and signal handlers are left alone, and numbers are read as in the "C" locale,
+///   whatever locale is set. Of the environment, only VEMOSDKROOT is read.
 class BoardPackage {
 public:
-    /// Throws LoadError, which names a model file as the file that refers to it does. With
-    /// `allow_overlap`, global memories may overlap.
-    BoardPackage(const std::string& board_path, bool allow_overlap);
+    /// Loads the board file `board_path`, then the device model that it names, then the target
+    /// model that this names. Relative paths start in the working directory.
+    ///
+    /// Throws LoadError when a file is missing or invalid, and std::bad_alloc when memory runs out.
+    explicit BoardPackage(const std::string& board_path,
+                          board::Overlap overlap = board::Overlap::Refuse);
 
-    /// Of all answers; the flow is the one that the board defines first.
+    /// The sources of all answers, which live as long as the package. The compile flow is the one
+    /// that the board defines first.
     const AnswerSources& sources() const { return m_sources; }
 
 private:
-    std::unique_ptr<const board::BoardSpec> m_spec;
+    std::unique_ptr<const board::BoardSpec, board::DestroyWithPorts> m_spec;
     std::unique_ptr<const dmodel::DeviceModel> m_dm;
     std::unique_ptr<const tmodel::TargetModel> m_tm;
     AnswerSources m_sources;

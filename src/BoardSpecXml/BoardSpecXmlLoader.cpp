@@ -1,5 +1,6 @@
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 
+#include "BoardSpec/DestroyWithPorts.h"
 #include "BoardSpecXml/BoardVisitor.h"
 
 namespace vemo::board {
@@ -11,7 +12,8 @@ BoardSpec* BoardSpecXmlLoader::load_file(const char* filename) {
 BoardSpec* BoardSpecXmlLoader::load_xml(const char* xml) { return load_board_spec(parse_xml(xml)); }
 
 BoardSpec* BoardSpecXmlLoader::load_board_spec(tinyxml2::XMLDocument* doc) {
-    return load_document<BoardSpec, xml::BoardVisitor>(doc, m_echo, m_skip_overlap);
+    return load_document<BoardSpec, xml::BoardVisitor, DestroyWithPorts>(doc, m_echo,
+                                                                         m_skip_overlap);
 }
 
 }  // namespace vemo::board

@@ -5,20 +5,34 @@
 
 namespace vemo::board {
 
+/// What a loader makes of global memories whose address ranges overlap.
+enum class Overlap {
+    Refuse,  // an error
+    Allow,
+};
+
 /// Loads board_spec.xml files.
 class BoardSpecXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
-    /// With `debug`, each document is echoed to standard error and its walk traced there. With
-    /// `skip_overlap`, global memories may overlap.
+    explicit BoardSpecXmlLoader(Overlap overlap = Overlap::Refuse,
+                                vemo::xml::Debug debug = vemo::xml::Debug::Off)
+        : BoardSpecXmlLoader(debug == vemo::xml::Debug::On, overlap == Overlap::Allow) {}
+
+    /// The same; `debug` stands for Debug::On, and `skip_overlap` for Overlap::Allow.
     BoardSpecXmlLoader(bool debug, bool skip_overlap)
         : m_echo(echo_if(debug)), m_skip_overlap(skip_overlap) {}
 
-    // The loads return a specification owned by the caller, or null when an error was reported.
-
+    /// Loads the file `filename`, see parse_file. Returns a specification owned by the caller, or
+    /// null when an error was reported. Global memories are checked for overlaps last.
+    ///
+    /// Neither the specification nor its interfaces destroy their ports: DestroyWithPorts does.
     BoardSpec* load_file(const char* filename);
+
+    /// The same for a NUL-terminated text, see parse_xml.
     BoardSpec* load_xml(const char* xml);
 
-    /// Takes ownership of `doc`; null stands for a parse that failed.
+    /// The same for a parsed document. Takes ownership of `doc`; null stands for a parse that
+    /// failed, and gives null.
     BoardSpec* load_board_spec(tinyxml2::XMLDocument* doc);
 
 private:

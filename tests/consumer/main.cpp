@@ -10,6 +10,6 @@
 
 // Prints the name of the board whose file is named. (The includes reach every installed header.)
 int main(int, char** argv) {
-    const vemo::BoardPackage package(argv[1], false);
+    const vemo::BoardPackage package(argv[1]);
     std::cout << vemo::find_answer("name", package.sources()).value();
 }
