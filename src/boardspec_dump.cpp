@@ -32,7 +32,7 @@ namespace {
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
-#include "Version.h"
+#include "vemo-boardspec-version.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "DeviceModelXmlLoader.h"
 #include "TargetModel/Dump.h"
 #include "TargetModelXmlLoader.h"
-#include "Version.h"
+#include "vemo-boardspec-version.h"
 
 // Prints the name of the board whose file is named. (The includes reach every installed header.)
 int main(int, char** argv) {
