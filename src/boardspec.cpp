@@ -1,15 +1,12 @@
 #include "boardspec.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
-#include <new>
 
 #include "Base/Assert.h"
+#include "Base/Program.h"
 #include "BoardPackage/AnswerTable.h"
 #include "BoardPackage/LoadFailure.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
@@ -30,22 +27,6 @@ constexpr char FLOW_SEPARATOR = ':';
 // The models live until the process ends. Here a leak checker sees that they are not lost; and
 // since nothing else reads it, the compiler must be told to keep it.
 [[gnu::used]] vemo::AnswerSources* all_sources = nullptr;
-
-void write_output(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
-
-/// Ends the output. False when some of it could not be written, which standard error is told.
-bool finish_output() {
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
-        return true;
-    }
-    std::fprintf(stderr, "vemo-boardspec: cannot write to standard output: %s\n",
-                 std::strerror(errno));
-    return false;
-}
-
-/// Called when an allocation fails. Unlike an exception, this needs no memory of its own, and
-/// cannot be lost on its way.
-[[noreturn]] void run_out_of_memory() { error("out of memory"); }
 
 /// Takes the flow suffix off `command`, if it has one, and returns the name of the compile flow
 /// that it asks for; without a suffix, the flow that the board defines first.
@@ -106,24 +87,24 @@ int run(int argc, char** argv) {
     if (!answer) {
         error(unknown_command_message(command));
     }
-    write_output(*answer);
-    return finish_output() ? EXIT_SUCCESS : EXIT_FAILURE;
+    vemo::write_output(*answer);
+    return vemo::finish_output() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace
 
 void error(std::string message) {
-    write_output("Error: ");
-    write_output(message);
-    write_output("\n");
-    finish_output();
+    vemo::write_output("Error: ");
+    vemo::write_output(message);
+    vemo::write_output("\n");
+    vemo::finish_output();
     std::exit(EXIT_FAILURE);
 }
 
 template <typename Loader>
 void error_loader(const Loader& loader, const char* filename) {
     for (unsigned i = 0; i < loader.get_num_errors(); ++i) {
-        write_output(loader.get_error(i));
+        vemo::write_output(loader.get_error(i));
     }
     error(vemo::load_failure_message(filename));
 }
@@ -176,10 +157,7 @@ void split_string(const std::string& text, char delimiter, std::vector<std::stri
 }
 
 int main(int argc, char** argv) {
-    std::set_new_handler(run_out_of_memory);
-    // A reader that has gone and a limit on the size of files are told as errors of writing.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    vemo::set_up_program("vemo-boardspec", stdout);
     try {
         return run(argc, argv);
     } catch (const std::exception& exception) {

@@ -1,28 +1,22 @@
 // vemo-boardspec-dump: everything about a board in one call.
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <iterator>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "Base/Program.h"
+
 namespace {
 
-/// Called when an allocation fails. An exception would not do: streams keep it to themselves, and
-/// the destructors of JSON values allocate.
-[[noreturn]] void run_out_of_memory() {
-    std::fputs("Error: out of memory\n", stderr);
-    std::exit(EXIT_FAILURE);
-}
+constexpr const char* PROGRAM = "vemo-boardspec-dump";
 
-// Set before CLI11 makes its own objects, which is before main.
-[[maybe_unused]] const std::new_handler former_handler = std::set_new_handler(run_out_of_memory);
+// Before CLI11 makes objects of its own, which is before main. (An out-of-memory exception would
+// not do here: streams keep it to themselves, and the destructors of JSON values allocate.)
+[[maybe_unused]] const bool is_set_up = vemo::set_up_program(PROGRAM, stderr);
 
 }  // namespace
 
@@ -35,8 +29,6 @@ namespace {
 #include "vemo-boardspec-version.h"
 
 namespace {
-
-constexpr const char* PROGRAM = "vemo-boardspec-dump";
 
 struct Format {
     const char* name;
@@ -91,13 +83,8 @@ int fail(const std::string& message) {
 
 /// Writes all that goes to standard output. The exit status.
 int print(const std::string& text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) < text.size()
-        || std::fflush(stdout) != 0) {
-        std::fprintf(stderr, "%s: cannot write to standard output: %s\n", PROGRAM,
-                     std::strerror(errno));
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    vemo::write_output(text);
+    return vemo::finish_output() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 void declare(CLI::App& app, Options& options) {
@@ -143,9 +130,6 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A reader that has gone and a limit on the size of files are told as errors of writing.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return run(argc, argv);
     } catch (const vemo::LoadError& error) {
