@@ -337,7 +337,7 @@ bool BaseVisitor::report_attr_error(const XMLElement& elem, const std::string& a
 void BaseVisitor::report_unexpected_attr(const XMLElement& elem, const XMLAttribute& attribute,
                                          std::vector<std::string> allowed) {
     const std::string text = std::string("Unexpected attribute '") + attribute.Name() + "'.";
-    hand_out("unexpected-attribute", &elem, attribute.Name(), text, {nullptr, std::move(allowed)});
+    hand_out("unknown-attribute", &elem, attribute.Name(), text, {nullptr, std::move(allowed)});
     write_located_error(attribute.GetLineNum(), text);
 }
 
