@@ -1,4 +1,8 @@
-#include "TargetModel/Dump.h"
+#include "TargetModelXml/DelayModelVisitor.h"
+#include "TargetModelXml/FamilyModelVisitor.h"
+#include "TargetModelXml/GlobalInterconnectVisitor.h"
+#include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
+#include "TargetModelXml/LocalMemVisitor.h"
 #include "TargetModelXml/TargetModelVisitor.h"
 #include "TargetModelXmlLoader.h"
 #include "Testing.h"
@@ -6,84 +10,184 @@
 
 using namespace vemo::tmodel;
 
+static std::string outcome(const std::string& xml) {
+    return load_outcome<TargetModelXmlLoader>(xml, false);
+}
+
+static std::unique_ptr<TargetModel> load_target_model() {
+    return std::unique_ptr<TargetModel>(TargetModelXmlLoader(false).load_xml(TARGET_MODEL.c_str()));
+}
+
 TEST(TargetModelXml, ReadsEveryField) {
-    const std::unique_ptr<TargetModel> tm(
-        TargetModelXmlLoader(false).load_xml(TARGET_MODEL.c_str()));
+    const auto tm = load_target_model();
+    EXPECT_EQ(tm->version, TargetModel::Version_0_9);
+    EXPECT_EQ(tm->family, TargetFamily::PeltraB);
+    EXPECT_EQ(tm->style_models, (std::vector<std::string>{"style_a.xml", "style_b.xml"}));
     const LocalMemModel& mem = tm->get_local_mem_model();
-    std::ostringstream text;
-    text << *tm << mem.get_dual_port_mem_block_supports_rdw_mode_old_data() << "\n"
-         << tm->get_global_interconnect_model() << "\n"
-         << tm->get_delay_model() << "\n"
-         << tm->get_family_model() << "\n";
-    EXPECT_EQ(
-        text.str(),
-        "Target model (v0.9):\n  Family: peltrab\n  Target Style Models:\n    style_a.xml\n    "
-        "style_b.xml\n"
-        "Local memory model:\n  Single port memory block width: 41\n  Single port memory block "
-        "depth: 42\n"
-        "  Dual port memory block width: 43\n  Dual port memory block depth: 44\n  Bursting LSU "
-        "cache size N: 45\n"
-        "  Single port memory block supports RDW_MODE OLD_DATA: 0\n  Dual port memory block "
-        "supports RDW_MODE OLD_DATA: 0\n"
-        "Local memory fmax degradation model:\n  group per all rams: 51\n  total per all rams: "
-        "52.5\n  per coalescing width: 53\n  per log2 num banks: 54\n  per port fanin: 0\n1\n"
-        "Global Interconnect model:\n  arb2_data_pipe_spacing: 61\n  arb2_data_pipe_min_depth: "
-        "62\n  arb2_stall_pipe_spacing: 63\n  arb2_stall_pipe_min_depth: 64\n  "
-        "arb2_pipe_at_output: 0  arb2_test_add_latency: 66.5\n"
-        "Target delay model:\n  ALM delay (ps): 71\n  routing delay (ps): 0\n"
-        "Target family model:\n  bits per ALM: 81\n  number of LUT inputs: 82\n  number of MUX "
-        "inputs: 83\n  preferred DSP dot size: 84\n  block RAM name: BR\n  ALM ROM name: AR\n");
+    EXPECT_EQ(mem.get_single_port_mem_block_width(), 41u);
+    EXPECT_EQ(mem.get_single_port_mem_block_depth(), 42u);
+    EXPECT_EQ(mem.get_dual_port_mem_block_width(), 43u);
+    EXPECT_EQ(mem.get_dual_port_mem_block_depth(), 44u);
+    EXPECT_EQ(mem.get_bursting_lsu_cache_size_n(), 45u);
+    EXPECT_EQ(mem.get_single_port_mem_block_supports_rdw_mode_old_data(), 0u);
+    EXPECT_EQ(mem.get_dual_port_mem_block_supports_rdw_mode_old_data(), 1u);
+    const LocalMemFmaxDegradationModel& degradation = mem.get_fmax_degradation_model();
+    EXPECT_EQ(degradation.get_group_per_all_rams(), 51.0f);
+    EXPECT_EQ(degradation.get_total_per_all_rams(), 52.5f);
+    EXPECT_EQ(degradation.get_per_coalescing_width(), 53.0f);
+    EXPECT_EQ(degradation.get_per_log2_num_banks(), 54.0f);
+    EXPECT_EQ(degradation.get_per_port_fanin(), 0.0f);
+    const GlobalInterconnectModel& interconnect = tm->get_global_interconnect_model();
+    EXPECT_EQ(interconnect.get_arb2_data_pipe_spacing(), 61.0f);
+    EXPECT_EQ(interconnect.get_arb2_data_pipe_min_depth(), 62.0f);
+    EXPECT_EQ(interconnect.get_arb2_stall_pipe_spacing(), 63.0f);
+    EXPECT_EQ(interconnect.get_arb2_stall_pipe_min_depth(), 64.0f);
+    EXPECT_EQ(interconnect.get_arb2_pipe_at_output(), 0.0f);
+    EXPECT_EQ(interconnect.get_arb2_test_add_latency(), 66.5f);
+    EXPECT_EQ(tm->get_delay_model().alm_delay_ps, 71u);
+    EXPECT_EQ(tm->get_delay_model().routing_delay_ps, 0u);
+    const FamilyModel& family = tm->get_family_model();
+    EXPECT_EQ(family.bits_per_alm, 81u);
+    EXPECT_EQ(family.lut_inputs, 82u);
+    EXPECT_EQ(family.mux_inputs, 83u);
+    EXPECT_EQ(family.preferred_dsp_dot_size, 84u);
+    EXPECT_EQ(family.block_ram_name, "BR");
+    EXPECT_EQ(family.alm_rom_name, "AR");
 }
 
 TEST(TargetModelXml, ReportsErrors) {
     expect_outcomes<TargetModelXmlLoader>(TARGET_MODEL, R"(
  version="0.9" => \nversion="1.0" => 2: Unsupported version string.
- family="peltrab" => \nfamily="PELTRAB" => 2: Unrecognized family option (PELTRAB).
+"peltrab" => "PELTRAB" => 1: Unrecognized family option (PELTRAB).
+"peltrab" => "Peltra B" => 1: Unrecognized family option (Peltra B).
  file="style_a.xml" => \nfile="" => 3: Target Style Model file is empty.
-<style_model...style_b.xml"/> =>  => At least one Target Style Model file (<style_model>) must be given.
+<style...b.xml"/> =>  => At least one Target Style Model file (<style_model>) must be given.
 <local_mem>...</delay_model> =>  => Missing local memory model (<local_mem>) in target model.
 <delay_model>...</family_info> =>  => Missing delay model (<delay_model>) in target model.
 <family_info>...</family_info> =>  => Missing family model (<family_info>) in target model.
-<fmax_degradation>...</fmax_degradation> =>  => 3: Missing fmax degradation <fmax_degradation> model for local memory.
-<target_model...</target_model> => <!-- --> => At least one Target Style Model file (<style_model>) must be given.
+<fmax...tion></ => </ => 3: Missing fmax degradation <fmax_degradation> model for local memory.
+<burst...tion></ => </ => 3: Expected element <local_mem> to appear exactly once.
+<delay_model> => <delay_model x=""> => 11: Unexpected attribute 'x'.
+<lut_inputs => <lut_count/><lut_inputs => 12: Unexpected element 'lut_count'.
+<global...</global_interconnect> =>  => loaded
+"BR" => "" => loaded
 )",
                                           false);
+    EXPECT_EQ(outcome(edit(TARGET_MODEL, "</local_mem>", "<fmax_degradation/></local_mem>")),
+              at(8, "Expected element <fmax_degradation> to appear exactly once."));
+    EXPECT_EQ(outcome("<!-- no element -->"),
+              at(0, "At least one Target Style Model file (<style_model>) must be given."));
 }
 
-/// TARGET_MODEL with another value of a constant.
-static std::string with(const std::string& constant, const std::string& value) {
-    return edit(TARGET_MODEL, "<" + constant + " ...\"/>",
-                "<" + constant + "\nvalue=\"" + value + "\"/>");
+/// A constant of TARGET_MODEL, and the element that holds it.
+struct Constant {
+    std::string name;
+    int line;
+    std::string parent;
+    int parent_line;
+};
+
+static std::vector<Constant> find_constants() {
+    tinyxml2::XMLDocument doc;
+    doc.Parse(TARGET_MODEL.c_str());
+    std::vector<Constant> constants;
+    const std::function<void(const tinyxml2::XMLElement&)> search = [&](const auto& elem) {
+        if (elem.Attribute("value") != nullptr) {
+            const tinyxml2::XMLElement& parent = *elem.Parent()->ToElement();
+            constants.push_back(
+                {elem.Name(), elem.GetLineNum(), parent.Name(), parent.GetLineNum()});
+        }
+        for (auto* child = elem.FirstChildElement(); child; child = child->NextSiblingElement()) {
+            search(*child);
+        }
+    };
+    search(*doc.RootElement());
+    return constants;
 }
 
-static const auto FLOATS = split(
-    "group_per_all_rams total_per_all_rams per_coalescing_width per_log2_num_banks per_port_fanin "
-    "arb2_data_pipe_spacing arb2_data_pipe_min_depth arb2_stall_pipe_spacing "
-    "arb2_stall_pipe_min_depth arb2_pipe_at_output arb2_test_add_latency",
-    " ");
+/// TARGET_MODEL with other text in place of the constant.
+static std::string with(const Constant& constant, const std::string& text) {
+    return edit(TARGET_MODEL, "<" + constant.name + " .../>", text);
+}
+
+TEST(TargetModelXml, NeedsEachConstantOnce) {
+    EXPECT_EQ(find_constants().size(), 26u);
+    for (const Constant& c : find_constants()) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(outcome(with(c, "")),
+                  at(c.parent_line, "Expected element <" + c.parent + "> to appear exactly once."));
+        // The count is checked before the attributes.
+        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\"/><" + c.name + " x=\"\"/>")),
+                  at(c.line, "Expected element <" + c.name + "> to appear exactly once."));
+        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\" x=\"\"/>")),
+                  at(c.line, "Unexpected attribute 'x'."));
+        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\"><x/></" + c.name + ">")),
+                  at(c.line, "Unexpected element 'x'."));
+    }
+}
 
 TEST(TargetModelXml, ChecksRanges) {
-    const auto expect_refused = [](const std::string& name, const char* value, const char* range) {
-        const auto above = split(TARGET_MODEL.substr(0, TARGET_MODEL.find("<" + name + " ")), "\n");
-        EXPECT_EQ(load_outcome<TargetModelXmlLoader>(with(name, value), false),
-                  at(static_cast<int>(above.size()) + 1, "<" + name + "> must be " + range + "."));
-    };
-    for (const std::string& name : FLOATS) {
-        expect_refused(name, "-0.1", "non-negative");
+    for (const Constant& c : find_constants()) {
+        SCOPED_TRACE(c.name);
+        const auto expect_refused = [&c](const std::string& value, const std::string& range) {
+            EXPECT_EQ(outcome(with(c, "<" + c.name + "\nvalue=\"" + value + "\"/>")),
+                      at(c.line + 1, "<" + c.name + "> must be " + range + "."));
+        };
+        if (c.parent == "fmax_degradation" || c.parent == "global_interconnect") {
+            expect_refused("-0.1", "non-negative");
+        } else if (c.name.find("_supports_") != std::string::npos) {
+            expect_refused("2", "0 or 1");
+        } else if (c.parent == "local_mem") {
+            expect_refused("0", "positive");
+        } else {
+            EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"0\"/>")), "loaded");
+        }
     }
-    for (const std::string port : {"single", "dual"}) {
-        expect_refused(port + "_port_mem_block_width", "0", "positive");
-        expect_refused(port + "_port_mem_block_depth", "0", "positive");
-        expect_refused(port + "_port_mem_block_supports_rdw_mode_old_data", "2", "0 or 1");
-    }
-    expect_refused("bursting_lsu_cache_size_n", "0", "positive");
 }
 
 TEST(TargetModelXmlDeathTest, NaNReachesTheModel) {
-    for (const std::string& name : FLOATS) {
-        const std::string condition = (name[0] == 'a' ? "a" : name) + " >= 0.0f";
-        expect_aborts(
-            {{condition, [&] { load_outcome<TargetModelXmlLoader>(with(name, "nan"), false); }}});
+    for (const Constant& c : find_constants()) {
+        const bool is_in_interconnect = c.parent == "global_interconnect";
+        if (is_in_interconnect || c.parent == "fmax_degradation") {
+            expect_aborts({{(is_in_interconnect ? "a" : c.name) + " >= 0.0f",
+                            [&] { outcome(with(c, "<" + c.name + " value=\"nan\"/>")); }}});
+        }
     }
+}
+
+/// The first report of a sub-model reader on `xml`, or "".
+template <typename Visitor, typename Model>
+static std::string read(const char* xml, Model* model) {
+    TargetModelXmlLoader loader(false);
+    const std::unique_ptr<tinyxml2::XMLDocument> doc(loader.parse_xml(xml));
+    TargetModel tm;
+    xml::TargetModelVisitor root(&tm, &loader, false);
+    Visitor visitor(&root, model);
+    doc->RootElement()->Accept(&visitor);
+    return loader.get_num_errors() == 0 ? "" : loader.get_error(0);
+}
+
+/// A reader needs a model, one without the part that it creates; a constant needs its element.
+template <typename Visitor, typename Model>
+static void expect_guarded(const char* element, Model* full, const std::string& full_condition,
+                           const std::string& null_condition = "tm != __null") {
+    Model* none = nullptr;
+    expect_aborts({{null_condition, [&] { read<Visitor>(element, none); }},
+                   {full_condition, [&] { read<Visitor>(element, full); }}});
+    Model empty;
+    EXPECT_EQ(read<Visitor>("<c value=\"1\"/>", &empty), at(1, "Unexpected element 'c'."));
+}
+
+TEST(TargetModelXmlDeathTest, ReadersAreGuarded) {
+    const auto tm = load_target_model();
     expect_aborts({{"tm != __null", [] { xml::TargetModelVisitor(nullptr, nullptr, false); }}});
+    expect_guarded<xml::LocalMemVisitor>("<local_mem/>", tm.get(), "!m_tm->has_local_mem_model()");
+    expect_guarded<xml::LocalMemFmaxDegradationVisitor>(
+        "<fmax_degradation/>", &tm->get_local_mem_model(),
+        "!m_local_mem_model->has_fmax_degradation_model()", "local_mem_model != __null");
+    expect_guarded<xml::GlobalInterconnectVisitor>("<global_interconnect/>", tm.get(),
+                                                   "!m_tm->has_global_interconnect_model()");
+    expect_guarded<xml::DelayModelVisitor>("<delay_model/>", tm.get(), "!m_tm->has_delay_model()");
+    expect_guarded<xml::FamilyModelVisitor>("<family_info/>", tm.get(),
+                                            "!m_tm->has_family_model()");
 }
