@@ -6,7 +6,7 @@
 
 namespace vemo::dmodel {
 
-/// Estimates of resource counts, fractions included. The fields are those of DeviceResources.
+/// Estimates of the counts in DeviceResources, fractions included.
 struct DeviceResourcesFP {
     float LEs = 0.0f;
     float FFs = 0.0f;
@@ -59,7 +59,7 @@ public:
     float get_high_fmax() const { return m_high_fmax; }
     void set_high_fmax(float high_fmax);  // above 0
 
-    /// False in a new model.
+    /// Whether resources have been set; false in a new model.
     bool has_resources() const { return m_resources != nullptr; }
 
     /// What the device holds. The model keeps owning the record; aborts when none has been set.
@@ -69,8 +69,13 @@ public:
     /// Takes ownership of the record, which must not be null, and destroys the one it replaces.
     void set_resources(DeviceResources* resources);
 
+    /// Format version of the file. TypeCount in a new model, and after a load Version_0_9, the only
+    /// one that is known.
     Version version = TypeCount;
-    std::string target_model;  // target model file name as the device model file writes it
+
+    /// Name of the target model file as the device model file writes it; not a path to open, see
+    /// TargetModelXmlLoader::resolve_target_model_file.
+    std::string target_model;
 
 private:
     float m_expected_fmax = 0.0f;

@@ -2,10 +2,13 @@
 
 namespace vemo::tmodel {
 
-/// Basic delays, in picoseconds. Any value is valid.
+/// Basic delays. Any value is valid.
 struct DelayModel {
-    unsigned alm_delay_ps = 0;      // of an adaptive logic module (ALM)
-    unsigned routing_delay_ps = 0;  // of routing
+    /// Delay of an adaptive logic module (ALM), in picoseconds.
+    unsigned alm_delay_ps = 0;
+
+    /// Delay of routing, in picoseconds.
+    unsigned routing_delay_ps = 0;
 };
 
 }  // namespace vemo::tmodel

@@ -14,14 +14,22 @@ std::ostream& operator<<(std::ostream& os, TargetFamily family);
 /// "0.9", or "<unknown>(1)" when none is set.
 std::ostream& operator<<(std::ostream& os, TargetModel::Version version);
 
-/// Of the sub-models, only the local memory is dumped.
+/// Of the sub-models, only the local memory is dumped, or "<null>" when it is absent.
 std::ostream& operator<<(std::ostream& os, const TargetModel& tm);
 
-/// The line of the dual-port flag repeats the single-port flag.
+/// The line of the dual-port flag repeats the single-port flag. The fmax degradation follows.
 std::ostream& operator<<(std::ostream& os, const LocalMemModel& model);
+
+/// A title, then a line for each figure.
 std::ostream& operator<<(std::ostream& os, const LocalMemFmaxDegradationModel& model);
+
+/// The same; the last two figures share a line.
 std::ostream& operator<<(std::ostream& os, const GlobalInterconnectModel& model);
+
+/// A title, then a line for each figure, with its unit.
 std::ostream& operator<<(std::ostream& os, const DelayModel& model);
+
+/// A title, then a line for each figure and name.
 std::ostream& operator<<(std::ostream& os, const FamilyModel& model);
 
 }  // namespace vemo::tmodel

@@ -5,8 +5,8 @@ namespace vemo::tmodel {
 /// Pipelining rules of the global memory interconnect.
 ///
 /// All figures, also depths, the switch and the latency, are floats, kept as the file gives them;
-/// the file format states no units. Each is 0 in a new model. A setter needs a value of at least 0
-/// and aborts on any other, NaN included.
+/// the file format states no units. Each is 0 in a new model. A setter aborts on a negative value
+/// and on NaN.
 class GlobalInterconnectModel {
 public:
     /// Spacing of the pipeline stages for data.

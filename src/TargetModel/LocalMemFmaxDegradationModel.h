@@ -4,8 +4,10 @@ namespace vemo::tmodel {
 
 /// How the reachable clock frequency (fmax) degrades with the structure of local memories.
 ///
-/// Figures are kept as the file gives them; the file format states no unit. Each is 0 in a new
-/// model. A setter needs a value of at least 0 and aborts on any other, NaN included.
+/// Figures are kept as the file gives them. The file format states neither their unit nor the
+/// formula in which they stand; what is said of each here follows from its name.
+///
+/// Each is 0 in a new model. A setter aborts on a negative value and on NaN.
 class LocalMemFmaxDegradationModel {
 public:
     /// For a group of RAMs, in relation to all RAMs.

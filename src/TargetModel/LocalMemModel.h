@@ -7,7 +7,8 @@ namespace vemo::tmodel {
 /// The embedded memory blocks that local memories are built of, and what such memories cost in
 /// clock frequency.
 ///
-/// Every figure is 0 in a new model. A setter aborts on a value outside its range.
+/// Every figure is 0 in a new model. A setter aborts on a value outside the range given beside it,
+/// so widths, depths and the cache size cannot be set back to 0.
 class LocalMemModel {
 public:
     LocalMemModel() = default;
@@ -19,7 +20,7 @@ public:
     unsigned get_single_port_mem_block_width() const { return m_single_port_mem_block_width; }
     void set_single_port_mem_block_width(unsigned mem_block_width);  // above 0
 
-    /// Depth of such a block, in words of that width.
+    /// Depth of a memory block that is used through one port, in words of its width.
     unsigned get_single_port_mem_block_depth() const { return m_single_port_mem_block_depth; }
     void set_single_port_mem_block_depth(unsigned mem_block_depth);  // above 0
 
@@ -27,7 +28,7 @@ public:
     unsigned get_dual_port_mem_block_width() const { return m_dual_port_mem_block_width; }
     void set_dual_port_mem_block_width(unsigned mem_block_width);  // above 0
 
-    /// Depth of such a block, in words of that width.
+    /// Depth of a memory block that is used through two ports, in words of its width.
     unsigned get_dual_port_mem_block_depth() const { return m_dual_port_mem_block_depth; }
     void set_dual_port_mem_block_depth(unsigned mem_block_depth);  // above 0
 
@@ -43,13 +44,13 @@ public:
     }
     void set_single_port_mem_block_supports_rdw_mode_old_data(unsigned supports_old_data);  // 0, 1
 
-    /// The same for a block that is used through two ports.
+    /// 1 when a block that is used through two ports can do so, else 0. The dump does not show it.
     unsigned get_dual_port_mem_block_supports_rdw_mode_old_data() const {
         return m_dual_port_mem_block_supports_rdw_mode_old_data;
     }
     void set_dual_port_mem_block_supports_rdw_mode_old_data(unsigned supports_old_data);  // 0, 1
 
-    /// True in every model that a loader returns.
+    /// Whether a model has been set; true in every model that a loader returns.
     bool has_fmax_degradation_model() const { return m_fmax_degradation_model != nullptr; }
 
     /// The fmax degradation model, which this model owns; aborts when none has been set.

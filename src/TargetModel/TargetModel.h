@@ -30,9 +30,9 @@ public:
     /// Display name of the family ("Peltra A"); aborts when no family is set. Static storage.
     const char* get_family_str() const;
 
-    // Sub-models. A getter aborts when the sub-model is not there; the model keeps owning what it
-    // returns. A setter takes ownership of its argument, which must not be null, and destroys the
-    // sub-model that it replaces.
+    // Each sub-model has three operations. has_ tells whether it is there. get_ returns it and
+    // aborts when it is not; the target model goes on owning it. set_ takes ownership of its
+    // argument, which must not be null, and destroys the sub-model that it replaces.
 
     /// Memory blocks, and how local memories degrade the clock frequency.
     bool has_local_mem_model() const { return m_local_mem_model != nullptr; }
@@ -40,7 +40,7 @@ public:
     const LocalMemModel& get_local_mem_model() const;
     void set_local_mem_model(LocalMemModel* local_mem_model);  // takes ownership
 
-    /// Pipelining of the global memory interconnect. Optional in the file: ask has_ first.
+    /// Pipelining of the global memory interconnect. Optional in the file, so ask before getting.
     bool has_global_interconnect_model() const { return m_global_interconnect_model != nullptr; }
     GlobalInterconnectModel& get_global_interconnect_model();
     const GlobalInterconnectModel& get_global_interconnect_model() const;
@@ -59,9 +59,16 @@ public:
     const FamilyModel& get_family_model() const;
     void set_family_model(FamilyModel* family_model);  // takes ownership
 
+    /// Format version of the file. TypeCount in a new model, and after a load Version_0_9, the only
+    /// one that is known.
     Version version = TypeCount;
+
+    /// The device family. TypeCount in a new model.
     TargetFamily family = TargetFamily::TypeCount;
-    std::vector<std::string> style_models;  // file names as the file writes them, in file order
+
+    /// Names of the style model files as the file writes them, in file order and with duplicates.
+    /// A loader returns models with at least one; it does not open the files.
+    std::vector<std::string> style_models;
 
 private:
     LocalMemModel* m_local_mem_model = nullptr;                      // owned
