@@ -4,6 +4,7 @@
 #include "Xml.h"
 
 using Document = std::unique_ptr<tinyxml2::XMLDocument>;
+using vemo::dmodel::DeviceModelXmlLoader;
 using vemo::xml::BaseXmlLoader;
 
 TEST(BaseXmlLoader, ReportsWhatIsNoDocument) {
@@ -28,6 +29,22 @@ TEST(BaseXmlLoader, ReportsWhatIsNoDocument) {
         EXPECT_EQ(loader.get_error(0), "XML error: " + name + ", " + expected.ErrorStr() + "\n");
         EXPECT_EQ(loader.get_source_name(), source);
     }
+}
+
+TEST(BaseXmlLoader, AnnouncesAFailureBeforeItReports) {
+    struct Loader : BaseXmlLoader {
+        void report_error(const std::string&) override { std::fputs("reported", stdout); }
+    };
+    ::testing::internal::CaptureStdout();
+    Loader().parse_file("");
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+              "ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nreported");
+}
+
+TEST(BaseXmlLoader, ReportsAboutADocumentOfUnknownSource) {
+    DeviceModelXmlLoader loader;
+    EXPECT_EQ(loader.load_target_model(BaseXmlLoader().parse_xml("<x/>")), nullptr);
+    EXPECT_EQ(loader.get_error(0), "Error in '', line 1\nUnexpected element 'x'.\n");
 }
 
 TEST(BaseXmlLoader, KeepsWhatTheLastParseReported) {
@@ -61,12 +78,12 @@ TEST(BaseXmlLoader, PrintsDocumentIndentedByTwo) {
 
 TEST(BaseXmlLoader, EchoesAndTracesWhenDebugging) {
     ::testing::internal::CaptureStderr();
-    load_outcome<vemo::dmodel::DeviceModelXmlLoader>("<x/>", true);
-    load_outcome<vemo::dmodel::DeviceModelXmlLoader>("<y/>", false);
-    BaseXmlLoader().debug("no newline");
-    EXPECT_EQ(
-        ::testing::internal::GetCapturedStderr(),
-        "<x/>\n[xml] entering document\n[xml] entering x\n[xml] exiting document\nno newline");
+    load_outcome<DeviceModelXmlLoader>("<x/>", vemo::xml::Debug::On);
+    load_outcome<DeviceModelXmlLoader>("<y/>", false);
+    BaseXmlLoader().debug(std::string("no\0newline", 10));
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "<x/>\n[xml] entering document\n[xml] entering x\n[xml] exiting document\nno"
+                  + std::string("\0newline", 8));
 }
 
 TEST(BaseXmlLoaderDeathTest, ArgumentsAreGuarded) {

@@ -29,6 +29,9 @@ TEST(ModelFileSearch, GoesFromNearToFar) {
     EXPECT_EQ(find("m.xml", "b.xml"), "kit/share/models/dm/m.xml|kit/share/models/tm/m.xml|");
     const std::string start = "Resolving target model file path:\n  input path: ";
     EXPECT_EQ(find("/m", "", true), "/m|/m|" + start + "/m\n  input path is absolute\n");
+    const std::string nul(1, '\0');
+    EXPECT_EQ(find("/" + nul, "", true),
+              "/" + nul + "|/" + nul + "|" + start + "/" + nul + "\n  input path is absolute\n");
     EXPECT_EQ(find("m", "pkg/d.xml", true), "||" + start + "m\n  relative to cwd: m does not exist\n"
               "  Device Model file path: pkg/d.xml\n  Device Model dir: pkg\n  relative to DM dir: pkg/m does not exist\n"
               "  VEMOSDKROOT: kit/\n  relative to VEMO TM dir: kit/share/models/tm/m does not exist\n");
