@@ -86,16 +86,18 @@ TEST(BoardSpec, FindsGlobalMemories) {
 
 TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
     GlobalMemConfig gmc;
-    EXPECT_EQ(fields(gmc.get_min_byte_address(), gmc.get_max_byte_address(), gmc.interleaved_bytes),
-              "0|0|0|");
+    EXPECT_EQ(gmc.get_min_byte_address() + gmc.get_max_byte_address(), 0u);
+    EXPECT_EQ(gmc.interleaved_bytes, 0u);
     gmc.interleaved_bytes = 4096;
     add_interface(gmc, 0x1000, 1u << 30, 64);
     EXPECT_EQ(gmc.get_num_interleaved_bytes(), 1u << 30);
     add_interface(gmc, 0, 0x1000, 64);
-    EXPECT_EQ(fields(gmc.get_num_interleaved_bytes(), gmc.get_min_byte_address(),
-                     gmc.get_max_byte_address(), gmc.get_data_width_bits(),
-                     gmc.get_data_width_bytes(), gmc.get_max_burst_count()),
-              "4096|4096|1073745919|64|8|1|");
+    EXPECT_EQ(gmc.get_num_interleaved_bytes(), 4096u);
+    EXPECT_EQ(gmc.get_min_byte_address(), 0x1000u);  // the first interface's, not the least
+    EXPECT_EQ(gmc.get_max_byte_address(), 0x40000fffu);
+    EXPECT_EQ(gmc.get_data_width_bits(), 64u);
+    EXPECT_EQ(gmc.get_data_width_bytes(), 8u);
+    EXPECT_EQ(gmc.get_max_burst_count(), 1u);
     gmc.interleaved_bytes = 0;
     EXPECT_EQ(gmc.get_num_interleaved_bytes(), 1u << 30);
     GlobalMemConfig wrapping;
@@ -105,8 +107,11 @@ TEST(GlobalMemConfig, DerivesFiguresFromInterfaces) {
 
 TEST(Interface, TakesPorts) {
     Interface intf;
-    EXPECT_EQ(fields(intf.get_type(), intf.get_size(), intf.latency, intf.get_num_ports()),
-              "<unknown>(5)|0|240|0|");
+    EXPECT_EQ(intf.get_type(), Interface::TypeCount);
+    EXPECT_EQ(intf.get_max_burst_count(), 1u);
+    EXPECT_EQ(intf.get_size(), 0u);
+    EXPECT_EQ(intf.latency, 240u);
+    EXPECT_EQ(intf.get_num_ports(), 0u);
     intf.add_port("both", Port::ReadWrite);
     intf.add_port("in", Port::Read);
     EXPECT_FALSE(intf.has_separate_rw_ports());
@@ -116,9 +121,9 @@ TEST(Interface, TakesPorts) {
     EXPECT_TRUE(intf.has_separate_rw_ports());
     EXPECT_EQ(intf.get_port(2), &out);
     intf.add_port("odd", static_cast<Port::Direction>(3));
-    EXPECT_EQ(
-        fields(intf.get_port_name(1), +intf.get_port_direction(1), +intf.get_port_direction(3)),
-        "in|1|0|");
+    EXPECT_EQ(intf.get_port_name(1), "in");
+    EXPECT_EQ(intf.get_port_direction(1), Port::Read);
+    EXPECT_EQ(intf.get_port_direction(3), Port::ReadWrite);
     Interface sink;
     sink.add_port("out", Port::Write);
     EXPECT_FALSE(sink.has_separate_rw_ports());
@@ -139,12 +144,13 @@ TEST(Port, KeepsAttributesThatFit) {
 }
 
 TEST(BoardSpecDump, WritesWhatNoFileGives) {
-    const auto odd_type = static_cast<Interface::Type>(-1);
-    EXPECT_EQ(
-        fields(BoardSpec::Version{0.0f}, BoardSpec::Version{17.0625f}, odd_type, InterfaceConfig(),
-               DeviceConfig()),
-        "<unknown>(0)|17.0625|<unknown>(-1)|Interface configuration:\n  Kernel clock-reset: <null>|"
-        "Device configuration:\n  Device model file: \n  Used resources: <null>|");
+    EXPECT_EQ(dump(BoardSpec::Version{0.0f}), "<unknown>(0)");
+    EXPECT_EQ(dump(BoardSpec::Version{17.0625f}), "17.0625");
+    EXPECT_EQ(dump(static_cast<Interface::Type>(-1)), "<unknown>(-1)");
+    EXPECT_EQ(dump(Interface::TypeCount), "<unknown>(5)");
+    EXPECT_EQ(dump(InterfaceConfig()), "Interface configuration:\n  Kernel clock-reset: <null>");
+    EXPECT_EQ(dump(DeviceConfig()),
+              "Device configuration:\n  Device model file: \n  Used resources: <null>");
     std::ostringstream text;
     text << HostConfig() << " " << 26;
     EXPECT_EQ(text.str(),
@@ -174,8 +180,32 @@ TEST(BoardSpecDeathTest, PartsMustBeThere) {
     expect_missing(std::as_const(spec), std::as_const(device), std::as_const(interfaces));
     expect_aborts({
         {"i < m_interfaces.size()", [&] { interfaces.get_intf(0); }},
+        {"i < m_interfaces.size()", [&] { ChannelConfig().get_intf(0); }},
+        {"i < m_interfaces.size()", [&] { GlobalMemConfig().get_intf(0); }},
         {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_max_burst_count(); }},
+        {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_data_width_bits(); }},
+        {"get_num_intfs() > 0", [&] { GlobalMemConfig().get_num_interleaved_bytes(); }},
         {"port < m_port.size()", [&] { Interface().get_port_name(0); }},
+        {"port < m_port.size()", [&] { Interface().get_port_direction(0); }},
+        {"port < m_port.size()", [&] { Interface().get_port(0); }},
+    });
+}
+
+TEST(BoardSpecDeathTest, PartsAreNotNull) {
+    BoardSpec spec;
+    expect_aborts({
+        {"device_config != __null", [&] { spec.set_device_config(nullptr); }},
+        {"compile_config != __null", [&] { spec.set_compile_config(nullptr, ""); }},
+        {"gmc != __null", [&] { spec.add_global_mem_config(nullptr, false); }},
+        {"host_config != __null", [&] { spec.set_host_config(nullptr); }},
+        {"channel_config != __null", [&] { spec.set_channel_config(nullptr); }},
+        {"interface_config != __null", [&] { spec.set_interface_config(nullptr); }},
+        {"used_resources != __null", [] { DeviceConfig().set_used_resources(nullptr); }},
+        {"intf != __null", [] { GlobalMemConfig().add_interface(nullptr); }},
+        {"intf != __null", [] { ChannelConfig().add_interface(nullptr); }},
+        {"intf != __null", [] { InterfaceConfig().add_interface(nullptr); }},
+        {"kernel_clk_reset != __null", [] { InterfaceConfig().set_kernel_clk_reset(nullptr); }},
+        {"port != __null", [] { Interface().add_port(nullptr); }},
     });
 }
 
@@ -189,6 +219,7 @@ TEST(BoardSpecDeathTest, FiguresAreInRange) {
         {"intf->get_max_burst_count() == max_burst_count", [&] { gmc.get_max_burst_count(); }},
         {"intf->get_data_width() == data_width", [&] { gmc.get_data_width_bits(); }},
         {"max_bandwidth >= 0.0f", [&] { gmc.set_max_bandwidth(-1); }},
+        {"max_bandwidth >= 0.0f", [&] { gmc.set_max_bandwidth(NAN); }},
         {"type >= 0 && type < TypeCount", [&] { gmc.set_type(GlobalMemConfig::TypeCount); }},
         {"type >= 0 && type < TypeCount", [] { Interface().set_type(Interface::TypeCount); }},
         {"data_width > 0", [] { Interface().set_data_width(0); }},

@@ -1,25 +1,14 @@
-#include <sys/wait.h>
-
-#include <cstdlib>
-
 #include "Xml.h"
 
 namespace {
 
-/// Runs shell commands, in which $TOOL is the tool, in a directory that holds a board package.
-struct CommandLine : ::testing::Test {
-    CommandLine() {
-        dir.write("board_spec.xml", BOARD);
-        dir.write("dev.xml", DEVICE_MODEL);
-        dir.write("tm.xml", TARGET_MODEL);
-    }
+struct CommandLine : ShellTest {
+    CommandLine() : ShellTest("tool", "VEMO_TOOL", VEMO_TOOL) {}
 
-    /// Standard output of a command, and in brackets its status: 134 when the tool aborts.
-    std::string run(const std::string& command) const {
-        const std::string start =
-            "unset VEMOSDKROOT; TOOL=${VEMO_TOOL:-" VEMO_TOOL "}; cd " + dir.path;
-        const int status = std::system((start + " && ( " + command + " ) >out 2>err").c_str());
-        return dir.read("out") + "[" + std::to_string(WEXITSTATUS(status)) + "]";
+    /// Standard output of a command, and its exit status in brackets.
+    std::string output(const std::string& command) const {
+        const int status = run(command);
+        return dir.read("out") + "[" + std::to_string(status) + "]";
     }
 
     /// Runs cases of the form `arguments => output` in turn; "\n" stands for a line break.
@@ -27,18 +16,16 @@ struct CommandLine : ::testing::Test {
         for (const std::string& line : split(cases, "\n")) {
             const std::vector<std::string> parts = split(line, " => ");
             if (parts.size() == 2) {
-                EXPECT_EQ(run(start + parts[0]), fill(parts[1], {{"\\n", "\n"}})) << line;
+                EXPECT_EQ(output(start + parts[0]), fill(parts[1], {{"\\n", "\n"}})) << line;
             }
         }
     }
-
-    TempDir dir;
 };
 
 }  // namespace
 
 TEST_F(CommandLine, AnswersEveryCommand) {
-    expect_outputs("$TOOL board_spec.xml ", R"(
+    expect_outputs("./tool board_spec.xml ", R"(
 name => acme[0]
 version => 17.1[0]
 devicemodel => dev.xml[0]
@@ -72,16 +59,31 @@ name: => Error: Could not find the BSP  in board_spec.xml!\n[1]
 name:Zeta => Error: Could not find the BSP Zeta in board_spec.xml!\n[1]
 bogus:nosuch:zeta => Error: Could not find the BSP nosuch in board_spec.xml!\n[1]
 )");
-    expect_outputs("$TOOL ", R"(
+    expect_outputs("./tool ", R"(
  => Error: Usage: vemo-boardspec <path-to-board_spec.xml> <command>\n[1]
 board_spec.xml => Error: Usage: vemo-boardspec <path-to-board_spec.xml> <command>\n[1]
 board_spec.xml name name => Error: Usage: vemo-boardspec <path-to-board_spec.xml> <command>\n[1]
 )");
     const std::string silent = edit(BOARD, "<channels>...</channels>", "");
     dir.write("board_spec.xml", edit(silent, "\"irq\"", "\"streamsource\""));
-    expect_outputs("$TOOL board_spec.xml ", "channelnames => [0]\nhas_snoop => 1[0]");
+    expect_outputs("./tool board_spec.xml ", "channelnames => [0]\nhas_snoop => 1[0]");
     dir.write("board_spec.xml", BOARD_09);
-    expect_outputs("$TOOL board_spec.xml ", "version => 0.9[0]\ndefaultname => default[0]");
+    expect_outputs("./tool board_spec.xml ", R"(
+version => 0.9[0]
+defaultname => default[0]
+project => top[0]
+revision => top[0]
+lomb_file => system.lomb[0]
+generic_kernel => 0[0]
+synthesize_cmd => fendra_sh --flow compile top[0]
+automigrate_type => auto[0]
+automigrate_include => [0]
+automigrate_exclude => [0]
+)");
+    EXPECT_EQ(output("./tool board_spec.xml generate_cmd"),
+              "kitforge --component-file=system.lomb --file-set=FENDRA_SYNTH "
+              "--output-directory=system/synthesis "
+              "--report-file=zrk:system/synthesis/system.zrk --jvm-max-heap-size=3G[0]");
 }
 
 TEST_F(CommandLine, ListsCommandsOnUnknownOne) {
@@ -94,8 +96,8 @@ TEST_F(CommandLine, ListsCommandsOnUnknownOne) {
         "generate_cmd=|synthesize_cmd=|automigrate_type=|automigrate_include=|automigrate_exclude="
         "|",
         {{"=", ":<compile-flow-name>"}, {"|", "\n"}});
-    EXPECT_EQ(run("$TOOL board_spec.xml bogus:alpha"), "Error: bogus" + listing + "\n[1]");
-    EXPECT_EQ(run("$TOOL board_spec.xml ''"), "Error: " + listing + "\n[1]");
+    EXPECT_EQ(output("./tool board_spec.xml bogus:alpha"), "Error: bogus" + listing + "\n[1]");
+    EXPECT_EQ(output("./tool board_spec.xml ''"), "Error: " + listing + "\n[1]");
 }
 
 TEST_F(CommandLine, ReportsFilesThatFail) {
@@ -105,24 +107,24 @@ TEST_F(CommandLine, ReportsFilesThatFail) {
     expect_outputs(
         "",
         fill(R"(
-$TOOL none.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nXML error: XML_ERROR_FILE_NOT_FOUND\n{none.xml}[0]
-echo "<a></b>" >bad.xml; $TOOL bad.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_MISMATCHED_ELEMENT\nXML error: XML_ERROR_MISMATCHED_ELEMENT\n{bad.xml}[0]
-$TOOL bad.xml name >/dev/null => [1]
-mkfifo pipe; timeout 9 $TOOL pipe name >/dev/null => [1]
-echo "<x/>" >bad.xml; $TOOL bad.xml name => Error in 'bad.xml', line 1\nUnexpected element 'x'.\n{bad.xml}[1]
-$TOOL silent.xml name => {silent.xml}[1]
-$TOOL size.xml name => [134]
-mkdir p; mv board_spec.xml dev.xml tm.xml p; $TOOL p/board_spec.xml resolved_targetmodel => p/tm.xml[0]
-echo "<x/>" >p/tm.xml; $TOOL p/board_spec.xml name => Error in 'p/tm.xml', line 1\nUnexpected element 'x'.\n{tm.xml}[1]
-echo "<x/>" >p/dev.xml; $TOOL p/board_spec.xml name => Error in 'p/dev.xml', line 1\nUnexpected element 'x'.\n{dev.xml}[1]
-rm p/dev.xml; $TOOL p/board_spec.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nXML error: XML_ERROR_FILE_NOT_FOUND\n{dev.xml}[0]
+./tool none.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nXML error: XML_ERROR_FILE_NOT_FOUND\n{none.xml}[0]
+echo "<a></b>" >bad.xml; ./tool bad.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_MISMATCHED_ELEMENT\nXML error: XML_ERROR_MISMATCHED_ELEMENT\n{bad.xml}[0]
+./tool bad.xml name >/dev/null => [1]
+mkfifo pipe; timeout 9 ./tool pipe name >/dev/null => [1]
+echo "<x/>" >bad.xml; ./tool bad.xml name => Error in 'bad.xml', line 1\nUnexpected element 'x'.\n{bad.xml}[1]
+./tool silent.xml name => {silent.xml}[1]
+./tool size.xml name => [134]
+mkdir p; mv board_spec.xml dev.xml tm.xml p; ./tool p/board_spec.xml resolved_targetmodel => p/tm.xml[0]
+echo "<x/>" >p/tm.xml; ./tool p/board_spec.xml name => Error in 'p/tm.xml', line 1\nUnexpected element 'x'.\n{tm.xml}[1]
+echo "<x/>" >p/dev.xml; ./tool p/board_spec.xml name => Error in 'p/dev.xml', line 1\nUnexpected element 'x'.\n{dev.xml}[1]
+rm p/dev.xml; ./tool p/board_spec.xml name | cut -d, -f1 => ERROR FOUND: XML_ERROR_FILE_NOT_FOUND\nXML error: XML_ERROR_FILE_NOT_FOUND\n{dev.xml}[0]
 )",
              {{"{", "Error: Failed to load xml file: "},
               {"}", "\\nMake sure the Board Package is compatible with the current edition\\n"}}));
 }
 
 TEST_F(CommandLine, TellsOutputThatCannotBeWritten) {
-    for (const char* command : {"$TOOL board_spec.xml name", "$TOOL none.xml name", "$TOOL"}) {
+    for (const char* command : {"./tool board_spec.xml name", "./tool none.xml name", "./tool"}) {
         expect_outputs(command, R"(
  >/dev/full => [1]
  2>&1 >/dev/full | cut -d: -f1,2 => vemo-boardspec: cannot write to standard output\n[0]

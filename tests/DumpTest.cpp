@@ -1,6 +1,3 @@
-#include <cstdlib>
-
-#include <sys/wait.h>
 #include <nlohmann/json.hpp>
 
 #include "Base/FilePath.h"
@@ -41,27 +38,14 @@ std::string hostile_board() {
     return edit(BOARD, "<compile...</board>", flows + "</board>");
 }
 
-struct Dump : ::testing::Test {
-    Dump() {
-        dir.write("board_spec.xml", BOARD);
-        dir.write("dev.xml", DEVICE_MODEL);
-        dir.write("tm.xml", TARGET_MODEL);
-    }
+struct Dump : ShellTest {
+    Dump() : ShellTest("dump", "VEMO_DUMP", VEMO_DUMP) {}
 
     vemo::BoardPackage load() const { return vemo::BoardPackage(dir / "board_spec.xml"); }
+    std::string text() const { return vemo::dump::text_dump(load().sources()); }
     nlohmann::json json() const {
         return nlohmann::json::parse(vemo::dump::json_dump(load().sources()));
     }
-
-    /// Exit status of a shell command that writes to the files out and err.
-    int run(const std::string& command) const {
-        const int status = std::system(("cd " + dir.path + "; dump=${VEMO_DUMP:-" VEMO_DUMP "}; { "
-                                        + command + "; } >out 2>err")
-                                           .c_str());
-        return WEXITSTATUS(status);
-    }
-
-    TempDir dir;
 };
 
 }  // namespace
@@ -71,7 +55,7 @@ TEST_F(Dump, MapsAddresses) {
         edit(BOARD, "address=\"0x0\" size=\"0x1000\"", "address=\"0xfffff000\" size=\"0x2000\"");
     board = edit(board, "address=\"0x1000\" size", "address=\"0x1800\" size");
     dir.write("board_spec.xml", edit(board, "size=\"0x800\"", "size=\"0x2001\""));
-    EXPECT_EQ(edit(vemo::dump::text_dump(load().sources()), "...Global memories:\n", ""),
+    EXPECT_EQ(edit(text(), "...Global memories:\n", ""),
               R"(  name  type             max bandwidth  interleaving  config addr  addresses
   DDR   shared physical          100.5  1 KiB x 2     0x00000018   0xfffff000-0x000027ff
   QDR   device private               0  none          0x00000000   0x00002000-0x00004000
@@ -90,28 +74,15 @@ Address map:
 TEST_F(Dump, ShortensNamesThatStandInManyRows) {
     const std::string beginning(63, 'n');
     dir.write("board_spec.xml", edit(BOARD, "\"QDR", "\"" + beginning + "\xc3\xa9nn"));
-    const auto parts = split(vemo::dump::text_dump(load().sources()), "Global memories:\n");
+    const auto parts = split(text(), "Global memories:\n");
     EXPECT_EQ(split(parts.at(1), "  " + beginning + "...  ").size(), 3u) << parts.at(1);
 }
 
 TEST_F(Dump, TellsModelsInText) {
+    EXPECT_EQ(fill(text(), {{dir.path + "/", ""}}), read_data("dump.txt"));
     dir.write("board_spec.xml", edit(edit(BOARD, "\"0x800\"", "\"0xffffe000\""), "QDR", "QDRé"));
-    const vemo::BoardPackage package = load();
-    const vemo::AnswerSources& sources = package.sources();
-    const vemo::tmodel::TargetModel& tm = *sources.tm;
-    const auto parts = split(vemo::dump::text_dump(sources), "\n\n");
-    EXPECT_EQ(parts[0],
-              dump(*sources.spec) + "\n" + dump(*sources.spec->get_global_mem_configs()[1]));
-    EXPECT_EQ(parts[1], dump(*sources.dm));
-    EXPECT_EQ(parts[2], dump(tm) + dump(tm.get_global_interconnect_model()) + "\n"
-                            + dump(tm.get_delay_model()) + "\n" + dump(tm.get_family_model()));
-    EXPECT_EQ(split(parts[3], "\n")[0], "Default compile flow: zeta");
-    const auto alpha = split(parts[4], "\n");
-    EXPECT_EQ(fields(alpha[0], alpha[3], alpha[8], alpha[11]),
-              "Compile flow: alpha|  lomb_file                   sys2.lomb|  automigrate_include|"
-              "  synthesize_additional_args  1|");
-    EXPECT_EQ(parts[6], R"(Address map:
-      0x00000000-0x00000fff   4 KiB  DDR   d0.d0_r/d0_w
+    EXPECT_EQ(split(text(), "Address map:\n").at(1),
+              R"(      0x00000000-0x00000fff   4 KiB  DDR   d0.d0_r/d0_w
       0x00001000-0x00001fff   4 KiB  DDR   d1.d1_p
       0x00002000-0xffffffff  ~4 GiB  QDRé  q.q_p
 )");
@@ -133,8 +104,8 @@ all:;@cat lines
     for (const std::string& value : hostile_values()) {
         expected += fill("fV|V<end>\n", {{"V", value}});
     }
-    for (const char* command : {"dash eval $dump", "LC_ALL=C.UTF-8 bash eval $dump",
-                                "$dump --format=make board_spec.xml >board.mk; make"}) {
+    for (const char* command : {"dash eval ./dump", "LC_ALL=C.UTF-8 bash eval ./dump",
+                                "./dump --format=make board_spec.xml >board.mk; make"}) {
         EXPECT_EQ(run(command), 0) << command;
         EXPECT_EQ(dir.read("out"), expected) << command << dir.read("err");
     }
@@ -144,11 +115,10 @@ all:;@cat lines
 TEST_F(Dump, IsCleanWhateverFilesContain) {
     dir.write("board_spec.xml", edit(hostile_board(), "\"100.5\"", "\"inf\""));
     const auto whole = json();
-    EXPECT_EQ(fields(whole["answers"]["synthesize_cmd"], whole["flows"][8]["synthesize_cmd"],
-                     whole["board"]["global_mem"][0]["max_bandwidth"]),
-              "\"\xef\xbf\xbd\"|\"a\\r\\nb\\n\"|null|");
-    EXPECT_EQ(vemo::dump::text_dump(load().sources()).find_first_of("\x1b\r\x7f"),
-              std::string::npos);
+    EXPECT_EQ(whole["answers"]["synthesize_cmd"], "\xef\xbf\xbd");
+    EXPECT_EQ(whole["flows"][8]["synthesize_cmd"], "a\r\nb\n");
+    EXPECT_EQ(whole["board"]["global_mem"][0]["max_bandwidth"], nullptr);
+    EXPECT_EQ(text().find_first_of("\x1b\r\x7f"), std::string::npos);
 }
 
 TEST_F(Dump, TellsModelsInJson) {
@@ -162,12 +132,17 @@ TEST_F(Dump, TellsModelsInJson) {
          R"("project":"top2","revision":"rev2","synthesize_cmd":"syn2"})"},
         {"/board/compile/0/generate", R"({"additional_args":true,"cmd":"gen1"})"},
         {"/board/interfaces/interface/0",
-         R"({"addpipe":9,"address":43776,"bsp_vnmm_write_ack":true,"chan_id":"cid","clock":"ck",)"
-         R"("enable":"en","latency":99,"latency_type":"fixed","maxburst":8,"misc":7,"name":"ctl",)"
-         R"("port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
-         R"("hazard_free_attributes":true,"name":"ctl_p"}],"sampling_rate":2.5,"size":8192,)"
-         R"("type":"master","waitrequest":5,"waitrequest_allowance":6,"width":34})"},
-        {"/board/interfaces/interface/1/size", "null"},
+         R"({"addpipe":0,"address":43776,"bsp_vnmm_write_ack":false,"chan_id":"cid","clock":"ck",)"
+         R"("enable":"en","latency":240,"latency_type":"average","maxburst":8,"misc":7,)"
+         R"("name":"ctl","port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
+         R"("hazard_free_attributes":true,"name":"ctl_p"}],"sampling_rate":null,"size":8192,)"
+         R"("type":"master","waitrequest":0,"waitrequest_allowance":0,"width":34})"},
+        {"/board/interfaces/interface/1",
+         R"({"addpipe":9,"address":0,"bsp_vnmm_write_ack":true,"chan_id":"","clock":"",)"
+         R"("enable":"","latency":99,"latency_type":"fixed","maxburst":1,"misc":0,)"
+         R"("name":"done","port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
+         R"("hazard_free_attributes":true,"name":"irq_p"}],"sampling_rate":2.5,"size":null,)"
+         R"("type":"irq","waitrequest":5,"waitrequest_allowance":6,"width":null})"},
         {"/board/global_mem/0/interface/0/port/1/attribute", R"([{"encoding":7,"name":"burst"}])"},
         {"/board/global_mem/0/type", R"("shared physical")"},
         {"/device_model/fmax", R"({"expected":240.5,"high":180.0,"min":150.0})"},
@@ -184,10 +159,11 @@ TEST_F(Dump, TellsModelsInJson) {
                                              generic_kernel="1"/><compile)"));
     dir.write("tm.xml", edit(TARGET_MODEL, "<global_interconnect>...</global_interconnect>", ""));
     const auto other = json();
-    EXPECT_EQ(fields(other["flows"].size(), other["flows"][0]["project"],
-                     other["board"]["compile_names"], other["target_model"]["global_interconnect"]),
-              R"(1|"top1"|["default","default"]|null|)");
-    EXPECT_EQ(vemo::dump::text_dump(load().sources()).find("Interconnect"), std::string::npos);
+    EXPECT_EQ(other["flows"].size(), 1u);
+    EXPECT_EQ(other["flows"][0]["project"], "top");
+    EXPECT_EQ(other["board"]["compile_names"].dump(), R"(["default","default"])");
+    EXPECT_EQ(other["target_model"]["global_interconnect"], nullptr);
+    EXPECT_EQ(text().find("Interconnect"), std::string::npos);
 }
 
 TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
@@ -195,25 +171,25 @@ TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
     dir.write("outer.xml", edit(edit(BOARD, "<global_mem",
                                      "<global_mem name=\"O\" max_bandwidth=\"1\"><global_mem"),
                                 "</global_mem>\n<host", "</global_mem></global_mem>\n<host"));
-    EXPECT_EQ(run("$dump --allow-overlap board_spec.xml"), 0);
+    EXPECT_EQ(run("./dump --allow-overlap board_spec.xml"), 0);
     EXPECT_NE(dir.read("out").find("not a valid board"), std::string::npos);
-    EXPECT_EQ(run("$dump --version && $dump --help"), 0);
+    EXPECT_EQ(run("./dump --version && ./dump --help"), 0);
     EXPECT_EQ(dir.read("out").find("vemo-boardspec-dump "), 0u);
     EXPECT_NE(dir.read("out").find("Exit status: 0, or 1"), std::string::npos);
     const std::pair<const char*, std::string> cases[] = {
-        {"$dump none.xml", "XML error: XML_ERROR_FILE_NOT_FOUND"},
-        {"$dump board_spec.xml",
+        {"./dump none.xml", "XML error: XML_ERROR_FILE_NOT_FOUND"},
+        {"./dump board_spec.xml",
          "Error in 'board_spec.xml':\nGlobal memory regions overlap.\nError: Failed to load xml "
          "file: board_spec.xml\nMake sure the Board Package is compatible"},
-        {"$dump --allow-overlap board_spec.xml >/dev/full",
+        {"./dump --allow-overlap board_spec.xml >/dev/full",
          "vemo-boardspec-dump: cannot write to standard output: "},
-        {"$dump outer.xml", "Error: Global memory 'O' has no interface.\n"},
-        {"$dump --version >/dev/full", "vemo-boardspec-dump: cannot write to standard output: "},
-        {"$dump", "Error: "},
-        {"$dump --format=xml board_spec.xml", "Error: "},
-        {"mkdir p; mv *.xml p; echo '<x/>' >p/tm.xml; $dump --allow-overlap p/board_spec.xml",
+        {"./dump outer.xml", "Error: Global memory 'O' has no interface.\n"},
+        {"./dump --version >/dev/full", "vemo-boardspec-dump: cannot write to standard output: "},
+        {"./dump", "Error: "},
+        {"./dump --format=xml board_spec.xml", "Error: "},
+        {"mkdir p; mv *.xml p; echo '<x/>' >p/tm.xml; ./dump --allow-overlap p/board_spec.xml",
          "Error in 'p/tm.xml', line 1\nUnexpected element 'x'.\nError: Failed to load xml file: t"},
-        {"echo '<x/>' >p/dev.xml; $dump --allow-overlap p/board_spec.xml",
+        {"echo '<x/>' >p/dev.xml; ./dump --allow-overlap p/board_spec.xml",
          "Error in 'p/dev.xml', line 1\nUnexpected element 'x'.\nError: Failed to load xml file: "
          "d"},
     };

@@ -5,51 +5,78 @@
 #include "TargetModelXmlLoader.h"
 #include "Testing.h"
 
-/// What the two searches find for `name` in a file `from`; what they print.
-static std::string find(const std::string& name, const std::string& from, bool debug = false) {
-    ::testing::internal::CaptureStdout();
-    const vemo::dmodel::DeviceModelXmlLoader dm_loader(debug);
-    const vemo::tmodel::TargetModelXmlLoader tm_loader(debug);
-    const std::string found = fields(dm_loader.resolve_device_model_file(name, from),
-                                     tm_loader.resolve_target_model_file(name, from));
-    return found + ::testing::internal::GetCapturedStdout();
+using vemo::dmodel::DeviceModelXmlLoader;
+using vemo::tmodel::TargetModelXmlLoader;
+
+namespace {
+
+/// Runs in a directory of its own.
+struct ModelFileSearch : ::testing::Test {
+    ModelFileSearch() {
+        std::filesystem::current_path(dir.path);
+        unsetenv("VEMOSDKROOT");
+    }
+    ~ModelFileSearch() override { std::filesystem::current_path("/"); }
+
+    TempDir dir;
+};
+
+/// Where the two searches, which differ in one folder, find `name` in the file `from`.
+std::string find(const std::string& name, const std::string& from) {
+    const auto found = TargetModelXmlLoader(false).resolve_target_model_file(name, from);
+    EXPECT_EQ(DeviceModelXmlLoader(true).resolve_device_model_file(name, from),
+              fill(found, {{"/tm/", "/dm/"}}));
+    return found;
 }
 
-TEST(ModelFileSearch, GoesFromNearToFar) {
-    const TempDir dir;
-    std::filesystem::current_path(dir.path);
-    unsetenv("VEMOSDKROOT");
+std::string trace_of_find(const std::string& name, const std::string& from) {
+    ::testing::internal::CaptureStdout();
+    TargetModelXmlLoader(true).resolve_target_model_file(name, from);
+    return ::testing::internal::GetCapturedStdout();
+}
+
+}  // namespace
+
+TEST_F(ModelFileSearch, GoesFromNearToFar) {
     dir.write("kit/share/models/dm/m.xml", "");
     dir.write("kit/share/models/tm/m.xml", "");
-    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "||");
-    EXPECT_EQ(find("/no/m.xml", ""), "/no/m.xml|/no/m.xml|");
+    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "");
+    EXPECT_EQ(find("/no/m.xml", ""), "/no/m.xml");
     setenv("VEMOSDKROOT", "none", 1);
-    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "||");
+    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "");
     setenv("VEMOSDKROOT", "kit/", 1);
-    EXPECT_EQ(find("m.xml", "b.xml"), "kit/share/models/dm/m.xml|kit/share/models/tm/m.xml|");
-    const std::string start = "Resolving target model file path:\n  input path: ";
-    EXPECT_EQ(find("/m", "", true), "/m|/m|" + start + "/m\n  input path is absolute\n");
-    const std::string nul(1, '\0');
-    EXPECT_EQ(find("/" + nul, "", true),
-              "/" + nul + "|/" + nul + "|" + start + "/" + nul + "\n  input path is absolute\n");
-    EXPECT_EQ(find("m", "pkg/d.xml", true), "||" + start + "m\n  relative to cwd: m does not exist\n"
-              "  Device Model file path: pkg/d.xml\n  Device Model dir: pkg\n  relative to DM dir: pkg/m does not exist\n"
-              "  VEMOSDKROOT: kit/\n  relative to VEMO TM dir: kit/share/models/tm/m does not exist\n");
+    EXPECT_EQ(find("m.xml", "b.xml"), "kit/share/models/tm/m.xml");
     dir.write("pkg/m.xml", "");
-    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "pkg/m.xml|pkg/m.xml|");
+    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "pkg/m.xml");
     dir.write("m.xml", "");
-    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "m.xml|m.xml|");
-    EXPECT_EQ(find("m.xml", "", true),
-              "m.xml|m.xml|" + start + "m.xml\n  relative to cwd: m.xml exists\n");
-    std::filesystem::current_path("/");
+    EXPECT_EQ(find("m.xml", "pkg/b.xml"), "m.xml");
+}
+
+TEST_F(ModelFileSearch, TracesTheStepsReached) {
+    const std::string start = "Resolving target model file path:\n  input path: ";
+    for (const std::string& path : {std::string("/m"), std::string("/\0m", 3)}) {
+        EXPECT_EQ(trace_of_find(path, ""), start + path + "\n  input path is absolute\n");
+    }
+    std::string steps = start
+                        + "m\n  relative to cwd: m does not exist\n"
+                          "  Device Model file path: pkg/d.xml\n  Device Model dir: pkg\n"
+                          "  relative to DM dir: pkg/m does not exist\n";
+    EXPECT_EQ(trace_of_find("m", "pkg/d.xml"), steps);
+    setenv("VEMOSDKROOT", "kit/", 1);
+    steps += "  VEMOSDKROOT: kit/\n  relative to VEMO TM dir: kit/share/models/tm/m";
+    EXPECT_EQ(trace_of_find("m", "pkg/d.xml"), steps + " does not exist\n");
+    dir.write("kit/share/models/tm/m", "");
+    EXPECT_EQ(trace_of_find("m", "pkg/d.xml"), steps + " exists\n");
+    dir.write("m", "");
+    EXPECT_EQ(trace_of_find("m", ""), start + "m\n  relative to cwd: m exists\n");
     unsetenv("VEMOSDKROOT");
 }
 
 TEST(ModelFileSearchDeathTest, NeedsTheReferringFile) {
     expect_aborts({
         {"!board_spec_path.empty()",
-         [] { vemo::dmodel::DeviceModelXmlLoader(false).resolve_device_model_file("m", ""); }},
+         [] { DeviceModelXmlLoader(false).resolve_device_model_file("m", ""); }},
         {"!dm_file_path.empty()",
-         [] { vemo::tmodel::TargetModelXmlLoader(false).resolve_target_model_file("m", ""); }},
+         [] { TargetModelXmlLoader(false).resolve_target_model_file("m", ""); }},
     });
 }

@@ -39,6 +39,17 @@ std::string fill(std::string text, const std::vector<std::pair<std::string, std:
     return text;
 }
 
+static std::string read_file(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string read_data(const std::string& file) {
+    const std::string text = read_file(VEMO_TEST_DATA "/" + file);
+    EXPECT_NE(text, "") << file;
+    return text;
+}
+
 TempDir::TempDir() : path(::testing::TempDir() + "vemo-XXXXXX") {
     EXPECT_NE(mkdtemp(path.data()), nullptr) << path;
 }
@@ -51,7 +62,4 @@ void TempDir::write(const std::string& file, const std::string& text) const {
     std::ofstream(target, std::ios::binary) << text;
 }
 
-std::string TempDir::read(const std::string& file) const {
-    std::ifstream stream(*this / file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+std::string TempDir::read(const std::string& file) const { return read_file(*this / file); }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <functional>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -36,6 +37,9 @@ std::string fields(const T&... values) {
 }
 
 std::vector<std::string> split(const std::string& text, const std::string& separator);
+
+/// A file of data/. The test fails if there is none.
+std::string read_data(const std::string& file);
 
 /// `text` with every occurrence of each name replaced by its value.
 std::string fill(std::string text, const std::vector<std::pair<std::string, std::string>>& values);

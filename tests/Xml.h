@@ -2,16 +2,27 @@
 
 #include "Testing.h"
 
-// Documents that load, in which every field has a value of its own. Test cases edit them.
-extern const std::string BOARD;         // 17.1; two memories, two flows
-extern const std::string BOARD_14;      // 14.1; one flow
-extern const std::string BOARD_09;      // 0.9; no flow
-extern const std::string DEVICE_MODEL;  // the device model that the boards name
-extern const std::string TARGET_MODEL;  // the target model that DEVICE_MODEL names
+// The documents of data/ that load, in which every field has a value of its own.
+extern const std::string BOARD;         // board_spec.xml: 17.1; two memories, two flows
+extern const std::string BOARD_14;      // board_14.1.xml: the least that a board must have
+extern const std::string BOARD_09;      // board_0.9.xml: the same, without a flow
+extern const std::string DEVICE_MODEL;  // dev.xml, which the boards name
+extern const std::string TARGET_MODEL;  // tm.xml, which dev.xml names
 
 /// `text` with the first `from`, which must be in it, replaced by `to`. A "..." in `from` stands
 /// for everything up to the text behind it.
 std::string edit(std::string text, const std::string& from, const std::string& to);
+
+/// Runs shell commands in a directory that holds a board package, BOARD, and links to programs.
+struct ShellTest : ::testing::Test {
+    /// The program `link` is the one that an environment variable names, or else `program`.
+    ShellTest(const char* link, const char* variable, const char* program);
+
+    /// Exit status, 134 when a program aborts. What is written goes to the files out and err.
+    int run(const std::string& command) const;
+
+    TempDir dir;
+};
 
 /// What a reader reports about a document in memory: at a line, or about all of it (line 0).
 std::string at(int line, const std::string& message);
@@ -33,23 +44,34 @@ std::string load_outcome(const std::string& xml, Flags... flags) {
     return outcome_of(loader, loader.load_xml(xml.c_str()));
 }
 
-/// An edit of a document, and the outcome of loading the result.
+/// A changed document, and what comes of loading it.
 struct Case {
-    std::string from;
-    std::string to;
-    std::string outcome;
+    std::string name;
+    std::string document;
+    std::string outcome;  // of load_outcome
+    std::string abort;    // or the condition that does not hold
 };
 
-/// Cases as lines of the form `from => to => outcome`, where "\n" stands for a line break; with
-/// " || " between, there are several texts to edit, or to put there. An outcome is "loaded",
-/// "silent" or reports with " + " between: `line: message`, or the message alone where no line is
-/// given.
-std::vector<Case> parse_cases(const std::string& lines);
+/// The cases of lines that data/board.cases describes.
+std::vector<Case> parse_cases(const std::string& document, const std::string& lines);
+
+/// The groups of cases in a file of data/, by name.
+std::map<std::string, std::vector<Case>> read_cases(const std::string& file);
+std::vector<std::string> read_group_names(const std::string& file);
 
 template <typename Loader, typename... Flags>
-void expect_outcomes(const std::string& document, const std::string& cases, Flags... flags) {
-    for (const Case& c : parse_cases(cases)) {
-        EXPECT_EQ(load_outcome<Loader>(edit(document, c.from, c.to), flags...), c.outcome)
-            << c.from << " => " << c.to;
+void expect_outcomes(const std::vector<Case>& cases, Flags... flags) {
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        if (!c.abort.empty()) {
+            expect_aborts({{c.abort, [&] { load_outcome<Loader>(c.document, flags...); }}});
+        } else {
+            EXPECT_EQ(load_outcome<Loader>(c.document, flags...), c.outcome);
+        }
     }
+}
+
+template <typename Loader, typename... Flags>
+void expect_outcomes(const std::string& document, const std::string& lines, Flags... flags) {
+    expect_outcomes<Loader>(parse_cases(document, lines), flags...);
 }
