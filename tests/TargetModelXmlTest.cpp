@@ -1,3 +1,4 @@
+#include "TargetModel/Dump.h"
 #include "TargetModelXml/DelayModelVisitor.h"
 #include "TargetModelXml/FamilyModelVisitor.h"
 #include "TargetModelXml/GlobalInterconnectVisitor.h"
@@ -20,39 +21,11 @@ static std::unique_ptr<TargetModel> load_target_model() {
 
 TEST(TargetModelXml, ReadsEveryField) {
     const auto tm = load_target_model();
-    EXPECT_EQ(tm->version, TargetModel::Version_0_9);
-    EXPECT_EQ(tm->family, TargetFamily::PeltraB);
-    EXPECT_EQ(tm->style_models, (std::vector<std::string>{"style_a.xml", "style_b.xml"}));
-    const LocalMemModel& mem = tm->get_local_mem_model();
-    EXPECT_EQ(mem.get_single_port_mem_block_width(), 41u);
-    EXPECT_EQ(mem.get_single_port_mem_block_depth(), 42u);
-    EXPECT_EQ(mem.get_dual_port_mem_block_width(), 43u);
-    EXPECT_EQ(mem.get_dual_port_mem_block_depth(), 44u);
-    EXPECT_EQ(mem.get_bursting_lsu_cache_size_n(), 45u);
-    EXPECT_EQ(mem.get_single_port_mem_block_supports_rdw_mode_old_data(), 0u);
+    EXPECT_EQ(dump(*tm) + dump(tm->get_global_interconnect_model()) + "\n"
+                  + dump(tm->get_delay_model()) + "\n" + dump(tm->get_family_model()) + "\n",
+              split(read_data("dump.txt"), "\n\n")[2] + "\n");
+    const LocalMemModel& mem = tm->get_local_mem_model();  // whose dump leaves one figure out
     EXPECT_EQ(mem.get_dual_port_mem_block_supports_rdw_mode_old_data(), 1u);
-    const LocalMemFmaxDegradationModel& degradation = mem.get_fmax_degradation_model();
-    EXPECT_EQ(degradation.get_group_per_all_rams(), 51.0f);
-    EXPECT_EQ(degradation.get_total_per_all_rams(), 52.5f);
-    EXPECT_EQ(degradation.get_per_coalescing_width(), 53.0f);
-    EXPECT_EQ(degradation.get_per_log2_num_banks(), 54.0f);
-    EXPECT_EQ(degradation.get_per_port_fanin(), 0.0f);
-    const GlobalInterconnectModel& interconnect = tm->get_global_interconnect_model();
-    EXPECT_EQ(interconnect.get_arb2_data_pipe_spacing(), 61.0f);
-    EXPECT_EQ(interconnect.get_arb2_data_pipe_min_depth(), 62.0f);
-    EXPECT_EQ(interconnect.get_arb2_stall_pipe_spacing(), 63.0f);
-    EXPECT_EQ(interconnect.get_arb2_stall_pipe_min_depth(), 64.0f);
-    EXPECT_EQ(interconnect.get_arb2_pipe_at_output(), 0.0f);
-    EXPECT_EQ(interconnect.get_arb2_test_add_latency(), 66.5f);
-    EXPECT_EQ(tm->get_delay_model().alm_delay_ps, 71u);
-    EXPECT_EQ(tm->get_delay_model().routing_delay_ps, 0u);
-    const FamilyModel& family = tm->get_family_model();
-    EXPECT_EQ(family.bits_per_alm, 81u);
-    EXPECT_EQ(family.lut_inputs, 82u);
-    EXPECT_EQ(family.mux_inputs, 83u);
-    EXPECT_EQ(family.preferred_dsp_dot_size, 84u);
-    EXPECT_EQ(family.block_ram_name, "BR");
-    EXPECT_EQ(family.alm_rom_name, "AR");
 }
 
 TEST(TargetModelXml, ReportsErrors) {
@@ -84,7 +57,6 @@ struct Constant {
     std::string name;
     int line;
     std::string parent;
-    int parent_line;
 };
 
 static std::vector<Constant> find_constants() {
@@ -93,9 +65,7 @@ static std::vector<Constant> find_constants() {
     std::vector<Constant> constants;
     const std::function<void(const tinyxml2::XMLElement&)> search = [&](const auto& elem) {
         if (elem.Attribute("value") != nullptr) {
-            const tinyxml2::XMLElement& parent = *elem.Parent()->ToElement();
-            constants.push_back(
-                {elem.Name(), elem.GetLineNum(), parent.Name(), parent.GetLineNum()});
+            constants.push_back({elem.Name(), elem.GetLineNum(), elem.Parent()->Value()});
         }
         for (auto* child = elem.FirstChildElement(); child; child = child->NextSiblingElement()) {
             search(*child);
@@ -110,23 +80,8 @@ static std::string with(const Constant& constant, const std::string& text) {
     return edit(TARGET_MODEL, "<" + constant.name + " .../>", text);
 }
 
-TEST(TargetModelXml, NeedsEachConstantOnce) {
-    EXPECT_EQ(find_constants().size(), 26u);
-    for (const Constant& c : find_constants()) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(outcome(with(c, "")),
-                  at(c.parent_line, "Expected element <" + c.parent + "> to appear exactly once."));
-        // The count is checked before the attributes.
-        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\"/><" + c.name + " x=\"\"/>")),
-                  at(c.line, "Expected element <" + c.name + "> to appear exactly once."));
-        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\" x=\"\"/>")),
-                  at(c.line, "Unexpected attribute 'x'."));
-        EXPECT_EQ(outcome(with(c, "<" + c.name + " value=\"1\"><x/></" + c.name + ">")),
-                  at(c.line, "Unexpected element 'x'."));
-    }
-}
-
 TEST(TargetModelXml, ChecksRanges) {
+    EXPECT_EQ(find_constants().size(), 26u);
     for (const Constant& c : find_constants()) {
         SCOPED_TRACE(c.name);
         const auto expect_refused = [&c](const std::string& value, const std::string& range) {
