@@ -1,8 +1,10 @@
 #include "BoardSpecXml/ChannelsVisitor.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "Base/Assert.h"
 #include "BoardSpecXml/InterfaceVisitor.h"
@@ -12,6 +14,17 @@ namespace {
 
 // Of a channel's interface, in the order of the test.
 constexpr const char* REQUIRED_ATTRIBUTES[] = {"name", "port", "type", "width", "chan_id"};
+
+bool has_duplicates(std::vector<std::string_view> texts) {
+    const auto shorter_first = [](std::string_view a, std::string_view b) {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    };
+    // Numbered identifiers are in this order already.
+    if (!std::is_sorted(texts.begin(), texts.end(), shorter_first)) {
+        std::sort(texts.begin(), texts.end(), shorter_first);
+    }
+    return std::adjacent_find(texts.begin(), texts.end()) != texts.end();
+}
 
 }  // namespace
 
@@ -63,18 +76,21 @@ bool ChannelsVisitor::VisitExit(const XMLElement& elem) {
 }
 
 bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
+    // The first empty identifier ends the check of those before it.
     const auto& channels = m_spec->get_channel_config().get_interfaces();
-    std::unordered_set<std::string_view> ids;
+    const auto end = std::find_if(channels.begin(), channels.end(),
+                                  [](const Interface* intf) { return intf->chan_id.empty(); });
+    std::vector<std::string_view> ids;
     ids.reserve(channels.size());
-    for (const Interface* intf : channels) {
-        if (intf->chan_id.empty()) {
-            return report_error(elem, "Empty channel ID name.",
-                                {"empty-channel-id", {}, nullptr, "chan_id"});
-        }
-        if (!ids.insert(intf->chan_id).second) {
-            return report_error(elem, "Two or more channels share the same channel ID.",
-                                {"duplicate-channel-id", {}, nullptr, "chan_id"});
-        }
+    std::transform(channels.begin(), end, std::back_inserter(ids),
+                   [](const Interface* intf) -> std::string_view { return intf->chan_id; });
+    if (has_duplicates(std::move(ids))) {
+        return report_error(elem, "Two or more channels share the same channel ID.",
+                            {"duplicate-channel-id", {}, nullptr, "chan_id"});
+    }
+    if (end != channels.end()) {
+        return report_error(elem, "Empty channel ID name.",
+                            {"empty-channel-id", {}, nullptr, "chan_id"});
     }
     return true;
 }
