@@ -65,7 +65,8 @@ bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
                 {"missing-element", {}, "fmax_degradation"});
         }
     }
-    return BaseVisitor::VisitExit(elem);
+    // Not the parent's, which would check the constants again.
+    return BaseVisitor::VisitExit(elem);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 }  // namespace vemo::tmodel::xml
