@@ -1,5 +1,6 @@
-"""mutate.py WORK MUTANTS TEXT: puts the faults of MUTANTS whose file has TEXT in its name into the
-sources in WORK, one at a time, builds, and tells which of them the tests catch, and what does."""
+"""mutate.py --check: tells which faults of mutants.txt do not apply to the sources, if any.
+mutate.py WORK MUTANTS TEXT: puts the faults of MUTANTS whose file has TEXT in its name into the
+sources in WORK/sources, one at a time, builds, and tells which the tests catch, and what does."""
 
 import os
 import pathlib
@@ -13,31 +14,32 @@ import time
 REQUIRED_RATE = 0.95
 TIMEOUT = 300  # in seconds, of a test program; the whole suite takes a tenth of it
 MEMORY = 4 << 30  # of a test program
-LINE_KINDS = "-+"
+# Cheapest first. Not the test that installs everything.
+TESTS = [["tests/vemo-boardspec-tests", "--gtest_fail_fast"],
+         ["tests/vemo-boardspec-package-tests", "--gtest_fail_fast"],
+         ["ctest", "--stop-on-failure", "-R", "^(lint|completion|editors|manual|faults|reports)$|^replay"],
+         ["ctest", "-R", "^schemas$"]]
+DEFAULT_TABLE = pathlib.Path(__file__).with_name("mutants.txt")
 
-work, table, wanted = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
-sources, build = work / "sources", work / "build"
 
-
-def read_mutants():
-    """The faults: file, old text, new text, line of the table."""
-    mutants = []
-    blocks = re.finditer(r"^[^\n#]+(\n[^\n]+)*", table.read_text(), re.MULTILINE)
-    for block in blocks:
-        name, *lines = block.group().splitlines()
-        number = table.read_text().count("\n", 0, block.start()) + 1
-        texts = {kind: [line[2:] for line in lines if line[:1] == kind] for kind in LINE_KINDS}
-        kinds = "".join(line[:1] for line in lines)
-        if not re.fullmatch(r"-+\++", kinds):
-            sys.exit(f"{table.name}:{number}: neither a file nor its old and new text")
-        old, new = ("\n".join(texts[kind]).strip() for kind in LINE_KINDS)
-        count = (sources / "src" / name).read_text().count(old)
-        if count != 1:
-            sys.exit(f"{table.name}:{number}: stands {count} times in {name}: {old}")
-        if old == new:
-            sys.exit(f"{table.name}:{number}: changes nothing")
-        mutants.append((name, old, new, number))
-    return mutants
+def read_mutants(table, source_dir):
+    """The faults (file, place, new text, line of the table), and what is wrong with the table."""
+    mutants, mistakes, name, text = [], [], None, ""
+    for number, line in enumerate(table.read_text().splitlines(), 1):
+        if heading := re.fullmatch(r"\[(.*)\]", line):
+            name = heading[1]
+            path = source_dir / name
+            text = path.read_text() if path.is_file() else ""
+        elif fault := re.fullmatch("([^#].*) => (.*)", line):
+            old, new = fault.groups()
+            places = list(re.finditer(r"\s+".join(map(re.escape, old.split())), text))
+            if len(places) == 1 and old != new:
+                mutants.append((name, places[0].span(), new.replace("(nothing)", ""), number))
+            else:
+                mistakes.append(f"{table}:{number}: stands {len(places)} times in {name}: {old}")
+        elif line and not line.startswith("#"):
+            mistakes.append(f"{table}:{number}: neither a file nor a fault: {line}")
+    return mutants, mistakes
 
 
 def limit_memory():
@@ -45,7 +47,7 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def run(*command, limited=False):
+def run(build, *command, limited=False):
     """Exit status and output of a command; status None when it has taken too long."""
     with subprocess.Popen(command, cwd=build, text=True, errors="replace", start_new_session=True,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -58,60 +60,59 @@ def run(*command, limited=False):
             return None, process.communicate()[0]
 
 
-def build_all():
-    """Whether it builds; what is wrong is printed."""
-    status, output = run("cmake", "--build", ".")
-    if status != 0:
-        print(output, file=sys.stderr)
-    return status == 0
-
-
-def catch():
+def catch(build):
     """What the tests catch the present sources with: a test's name, or None."""
-    status, output = run("tests/vemo-boardspec-tests", "--gtest_fail_fast", limited=True)
-    if status != 0:
-        failed = re.findall(r"\[ +FAILED +\] ([\w.]+)", output)
-        started = re.findall(r"\[ RUN +\] ([\w.]+)", output)
-        how = {None: " (too long)", 1: ""}.get(status, " (crash)")
-        return (failed or ["start of the tests", *started][-1:])[0] + how
-    status, output = run("ctest", "--stop-on-failure", "-R", SCRIPT_TESTS, limited=True)
-    if status != 0:
-        failed = re.findall(r"(\w+) \.+\**(?!.*Passed)", output)
-        return failed[-1] if failed else "ctest"
+    for command in TESTS:
+        status, output = run(build, *command, limited=True)
+        if status != 0:
+            failed = re.findall(r"(?:\[ +FAILED +\] |\d+ - )([\w./-]+)(?! +Passed)", output)
+            started = re.findall(r"\[ RUN +\] ([\w./]+)", output)
+            return (failed[:1] or started[-1:] or command[:1])[0]
     return None
 
 
-# The tests that are no part of the test program, without the one that installs everything.
-SCRIPT_TESTS = "^(schemas|lint|completion|editors|manual)$"
+def main():
+    work, table, wanted = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
+    sources, build = work / "sources", work / "build"
+    mutants, mistakes = read_mutants(table, sources / "src")
+    if mistakes:
+        sys.exit("\n".join(mistakes))
+    build.mkdir()
+    for command in (["cmake", "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
+                     "-DCMAKE_CXX_FLAGS_DEBUG=-O0", str(sources)], ["cmake", "--build", "."]):
+        status, output = run(build, *command)
+        if status != 0:
+            sys.exit(output)
+    if catcher := catch(build):
+        sys.exit(f"{catcher} fails without any fault")
 
-all_mutants = read_mutants()
-build.mkdir()
-status, output = run("cmake", "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0",
-                     str(sources))
-if status != 0 or not build_all():
-    sys.exit(output)
-if catcher := catch():
-    sys.exit(f"{catcher} fails without any fault")
+    survivors, misfits = [], []
+    mutants = [mutant for mutant in mutants if wanted in mutant[0]]
+    for name, (begin, end), new, number in mutants:
+        start = time.monotonic()
+        path = sources / "src" / name
+        whole = path.read_text()
+        path.write_text(whole[:begin] + new + whole[end:])
+        status, output = run(build, "cmake", "--build", ".")
+        if status != 0:
+            print(output, file=sys.stderr)
+            verdict = "DOES NOT BUILD"
+            misfits.append(number)
+        elif catcher := catch(build):
+            verdict = f"caught by {catcher}"
+        else:
+            verdict = f"SURVIVED: {whole[begin:end]} => {new}"
+            survivors.append(number)
+        path.write_text(whole)
+        print(f"{table.name}:{number}: {name}: {verdict} ({time.monotonic() - start:.0f} s)",
+              flush=True)
 
-survivors, misfits = [], []
-mutants = [mutant for mutant in all_mutants if wanted in mutant[0]]
-for name, old, new, number in mutants:
-    start = time.monotonic()
-    path = sources / "src" / name
-    whole = path.read_text()
-    path.write_text(whole.replace(old, new))
-    if not build_all():
-        verdict = "DOES NOT BUILD"
-        misfits.append(number)
-    elif catcher := catch():
-        verdict = f"caught by {catcher}"
-    else:
-        verdict = f"SURVIVED: {old} -> {new}"
-        survivors.append(number)
-    path.write_text(whole)
-    print(f"{table.name}:{number}: {name}: {verdict} ({time.monotonic() - start:.0f} s)", flush=True)
+    num_caught = len(mutants) - len(survivors) - len(misfits)
+    rate = num_caught / max(len(mutants), 1)
+    print(f"{num_caught} of {len(mutants)} faults caught: {rate:.1%}")
+    sys.exit(0 if rate >= REQUIRED_RATE and not misfits else 1)
 
-num_caught = len(mutants) - len(survivors) - len(misfits)
-rate = num_caught / max(len(mutants), 1)
-print(f"{num_caught} of {len(mutants)} faults caught: {rate:.1%}")
-sys.exit(0 if rate >= REQUIRED_RATE and not misfits else 1)
+
+if sys.argv[1:] == ["--check"]:
+    sys.exit("\n".join(read_mutants(DEFAULT_TABLE, DEFAULT_TABLE.parents[2] / "src")[1]) or 0)
+main()
