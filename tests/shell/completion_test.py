@@ -1,4 +1,4 @@
-"""Types into real shells, and looks at the words they make of it."""
+"""Types into a real shell, which is the argument, and looks at the words it makes of it."""
 
 import os
 import pty
@@ -7,17 +7,18 @@ import select
 import shutil
 from xml.sax.saxutils import quoteattr
 
-from support import check, home, read, source, tool, write
+from support import TOOL, arguments, check, home, need, read, source, write
 
-BASH = (f". '{source}/completions/vemo-boardspec.bash'; complete -F _vemo_boardspec args;"
+BASH_COMPLETION = "/usr/share/bash-completion/bash_completion"
+BASH = (f". '{home}/lib/vemo-boardspec.bash'; complete -F _vemo_boardspec args;"
         "complete -F _vemo_boardspec_dump dump")
 SHELLS = {
     "bash": ("bash --norc", BASH),
-    "bash-completion": ("bash --norc", ". /usr/share/bash-completion/bash_completion; " + BASH),
-    "zsh": ("zsh -f", f"fpath=('{source}/completions' $fpath); autoload -U compinit;"
+    "bash-completion": ("bash --norc", f". {BASH_COMPLETION}; " + BASH),
+    "zsh": ("zsh -f", f"fpath=('{home}/lib' $fpath); autoload -U compinit;"
             "compinit -u -D; zstyle ':completion:*' insert-tab false;"
             "compdef _vemo-boardspec args=vemo-boardspec dump=vemo-boardspec-dump"),
-    "fish": ("fish -N", f"source '{source}/completions/vemo-boardspec.fish';"
+    "fish": ("fish -N", f"source '{home}/lib/vemo-boardspec.fish';"
              "complete -c args -w vemo-boardspec; complete -c dump -w vemo-boardspec-dump;"
              "function fish_prompt; echo -n 'READY '; end"),
 }
@@ -49,6 +50,11 @@ def words_of(typed, terminal):
     return read("record").split("\0")[:-1]
 
 
+shell, = arguments
+command, setup = SHELLS[shell]
+need(command.split()[0], *[BASH_COMPLETION] * (shell == "bash-completion"))
+
+shutil.copytree(source + "/completions", "lib")
 shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
 board = read("board_spec.xml")
 flow_elem = re.search(r'<compile name="full".*?</compile>', board, re.S)[0]
@@ -59,15 +65,14 @@ for path in ["board_spec.xml", "co:lon.xml", "$(touch x).xml", "sub/board_spec.x
     write(path, board.replace(flow_elem, flow_elems))
 for program in ["bin/args", "bin/dump"]:
     write(program, '#!/bin/sh\nprintf "%s\\0" "$@" >record\n')
-write("bin/vemo-boardspec", f'#!/bin/sh\n[ "$1" != slow.xml ] || exec sleep 60\nexec {tool} "$@"\n')
+write("bin/vemo-boardspec", f'#!/bin/sh\n[ "$1" != slow.xml ] || exec sleep 60\nexec {TOOL} "$@"\n')
 
 os.environ.update(HOME=home, PATH=f"{home}/bin:{os.environ['PATH']}", PS1="READY ", TERM="xterm")
-for shell, (command, setup) in SHELLS.items():
-    pid, terminal = pty.fork()
-    if pid == 0:
-        os.execvp(command.split()[0], command.split() + ["-i"])
-    words_of(setup + "; args", terminal)
-    for typed, expected in CASES:
-        line = ("dump " if typed.startswith("-") else "args ") + typed
-        check(f"{shell}: {typed!r}", words_of(line, terminal), expected)
+pid, terminal = pty.fork()
+if pid == 0:
+    os.execvp(command.split()[0], command.split() + ["-i"])
+words_of(setup + "; args", terminal)
+for typed, expected in CASES:
+    line = ("dump " if typed.startswith("-") else "args ") + typed
+    check(repr(typed), words_of(line, terminal), expected)
 check("something was executed", os.path.exists("x"), False)

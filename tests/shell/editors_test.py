@@ -1,11 +1,11 @@
-"""Vim and Visual Studio Code find in what the tool prints the faults that are there, with file and
-line."""
+"""An editor, which is the argument, finds in what the tool prints the faults that are there, with
+file and line."""
 
 import json
 import re
 import shutil
 
-from support import check, read, run, source, tool, write
+from support import TOOL, arguments, check, need, read, run, source, write
 
 # A piece of the board file, what takes its place, and the faults: file, line (0: none), message.
 CASES = [
@@ -21,7 +21,7 @@ CASES = [
     ("$", "", [["", 0, "Could not find the BSP nosuch in board_spec.xml!"]]),
 ]
 MATCHERS = json.loads(read(source + "/editors/vscode/tasks.json"))["tasks"][0]["problemMatcher"]
-VIM = f"vim -es -u NONE -i NONE --cmd 'set nocp rtp^={source}/editors/vim' -S script"
+VIM = "vim -es -u NONE -i NONE --cmd 'set nocp rtp^=./vim' -S script"
 write("script", """compiler vemo-boardspec
 cgetfile output
 let valid = filter(getqflist(), 'v:val.valid')
@@ -55,9 +55,14 @@ def vscode(output):
 
 
 shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
+shutil.copytree(source + "/editors/vim", "vim")
+editor, = arguments
+if editor == "vim":
+    need("vim")
 for piece, replacement, faults in CASES:
     write("b c.xml", re.sub(piece, replacement, read("board_spec.xml"), count=1, flags=re.S))
-    printed = run(f"{tool} 'b c.xml' name:nosuch")[1]
-    check(printed + "Vim", vim(printed), faults)
-    # What has no file is no problem here.
-    check(printed + "Visual Studio Code", vscode(printed), [fault for fault in faults if fault[0]])
+    printed = run(f"{TOOL} 'b c.xml' name:nosuch")[1]
+    if editor == "vim":
+        check(printed, vim(printed), faults)
+    else:  # to which a fault without a file is no problem
+        check(printed, vscode(printed), [fault for fault in faults if fault[0]])

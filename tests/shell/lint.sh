@@ -1,13 +1,17 @@
 #!/bin/sh
-# Tests vemo-boardspec-lint on changed copies of the examples. usage: lint.sh TOOL SOURCE_DIR
+# Tests vemo-boardspec-lint on changed copies of the examples. usage: lint.sh TOOL SOURCE_DIR. Exits
+# with status 77 where a program is missing that it needs.
 # shellcheck disable=SC2016 # what must not be expanded
 
 set -eu
 lint=$2/programs/vemo-boardspec-lint
-export VEMO_BOARDSPEC="$1" VEMO_BOARDSPEC_SCHEMA_DIR="$2/schema" VEMOSDKROOT=sdk
+for program in awk xmllint; do
+    command -v $program >/dev/null || { echo "skipped: $program is not installed" && exit 77; }
+done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cp -R "$2/examples/." "$work"
+cp -R "$2/examples/." "$2/schema" "$work"
+export VEMO_BOARDSPEC="$1" VEMO_BOARDSPEC_SCHEMA_DIR="$work/schema" VEMOSDKROOT=sdk
 cd "$work"
 mkdir bin
 for program in awk dirname readlink tr xmllint; do
