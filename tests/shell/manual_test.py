@@ -60,6 +60,22 @@ for end, query in QUERIES:
         right = min(status, 1) == expected and bool(re.search(line, output, re.M))
         check(f"{query}, status {status}: {output}", right, True)
 
+# The makefile notices a change of a model file and an error in it; its own file changes only then.
+write("user.mk", "all:; echo $(vemo_targetmodel)\ninclude dump.mk\n")
+device_file, = re.findall(r' device_model="(.*?)"', read("board_spec.xml"))
+device = read(device_file)
+target_file, = re.findall(r' target_model="(.*?)"', device)
+write("other.xml", read(target_file))
+other = device.replace(target_file, "other.xml")
+inodes = []
+for text, expected in [(device, (0, target_file + "\n")), (other, (0, "other.xml\n")),
+                       (other, (0, "other.xml\n")), (other.replace("<fmax", "<x"), (2, ""))]:
+    write(device_file, text)
+    check("makefile", run("make -s -f user.mk 2>errors"), expected)
+    inodes.append(os.stat("board.mk").st_ino)
+check("board.mk is replaced", [a != b for a, b in zip(inodes, inodes[1:])], [True, False, False])
+write(device_file, device)
+
 commands = re.findall(r"^(\w+)$", run(f"{TOOL} board_spec.xml '?'")[1], re.M)
 for path, pattern in LISTS.items():
     check(path, sorted(re.findall(pattern, read(f"{source}/{path}"), re.M)), commands)
