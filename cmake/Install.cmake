@@ -59,3 +59,34 @@ endforeach()
 vemo_install_text(FILES "${CMAKE_INSTALL_MANDIR}/man5"
     man/vemo-board-spec.5 man/vemo-device-model.5 man/vemo-target-model.5)
 install(FILES completions/_vemo-boardspec DESTINATION "${VEMO_ZSH_COMPLETION_DIR}")
+
+# vemo_install_page(<file>): installs a Markdown page without its parts about the source tree, which
+# stand between comments. Links to the schemas lead to the installed ones.
+function(vemo_install_page page)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${page}")
+    file(READ "${PROJECT_SOURCE_DIR}/${page}" text)
+    set(begin "<!-- source tree -->\n")
+    set(end "<!-- /source tree -->\n")
+    string(LENGTH "${end}" end_length)
+    string(FIND "${text}" "${begin}" from)
+    while(from GREATER_EQUAL 0)
+        string(SUBSTRING "${text}" 0 ${from} before)
+        string(FIND "${text}" "${end}" to)
+        math(EXPR to "${to} + ${end_length}")
+        string(SUBSTRING "${text}" ${to} -1 after)
+        set(text "${before}${after}")
+        string(FIND "${text}" "${begin}" from)
+    endwhile()
+
+    get_filename_component(destination "${CMAKE_INSTALL_DOCDIR}/${page}" DIRECTORY)
+    file(RELATIVE_PATH schemas "/${destination}" "/${vemo_schema_dir}")
+    string(REPLACE "](../schema" "](${schemas}" text "${text}")
+    file(WRITE "${PROJECT_BINARY_DIR}/installed/${page}" "${text}")
+    install(FILES "${PROJECT_BINARY_DIR}/installed/${page}" DESTINATION "${destination}")
+endfunction()
+
+# The pages for users, and what they refer to.
+vemo_install_page(README.md)
+vemo_install_page(docs/schemas.md)
+install(FILES CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(DIRECTORY editors examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" USE_SOURCE_PERMISSIONS)
