@@ -49,15 +49,14 @@ install_tool_packages() {
     install_packages g++ cmake make libtinyxml2-dev "$@"
 }
 
-# What all the programs need.
+# What a build needs that leaves nothing out.
 install_build_packages() {
-    install_tool_packages libcli11-dev nlohmann-json3-dev "$@"
+    install_tool_packages libcli11-dev libgtest-dev nlohmann-json3-dev python3 "$@"
 }
 
 # What all the tests need as well.
 install_test_packages() {
-    install_build_packages libgtest-dev python3 bash-completion fish jing libxml2-utils mandoc \
-        pkgconf trang vim zsh "$@"
+    install_build_packages bash-completion fish jing libxml2-utils mandoc pkgconf trang vim zsh "$@"
 }
 
 # is_configured PRESET: whether build/PRESET can be compiled. One that was moved or copied cannot.
