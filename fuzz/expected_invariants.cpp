@@ -1,8 +1,6 @@
 #include "expected_invariants.h"
 
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
 #include <iterator>
 #include <string_view>
 
@@ -39,7 +37,18 @@ constexpr ExpectedInvariant EXPECTED_INVARIANTS[] = {
 };
 bool was_broken[std::size(EXPECTED_INVARIANTS)];  // in the same order
 
+void throw_if_expected(const char* condition, const char*, int) {
+    for (std::size_t i = 0; i < std::size(EXPECTED_INVARIANTS); ++i) {
+        if (std::string_view(condition) == EXPECTED_INVARIANTS[i].condition) {
+            was_broken[i] = true;
+            throw vemo::fuzz::InvariantBroken{condition};
+        }
+    }
+}
+
 }  // namespace
+
+void vemo::fuzz::trap_expected_invariants() { set_invariant_handler(throw_if_expected); }
 
 std::vector<std::string> vemo::fuzz::unbroken_invariants() {
     std::vector<std::string> texts;
@@ -55,18 +64,5 @@ std::vector<std::string> vemo::fuzz::unbroken_invariants() {
 // The one leak that is meant.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizers' name
 extern "C" const char* __lsan_default_options() {
-    return "print_suppressions=0:suppressions=" VEMO_LSAN_SUPPRESSIONS;
-}
-
-// Stands in for the library's own, which the linker leaves in its archive.
-void vemo::assertion_failed(const char* condition, const char* file, int line) {
-    for (std::size_t i = 0; i < std::size(EXPECTED_INVARIANTS); ++i) {
-        if (std::string_view(condition) == EXPECTED_INVARIANTS[i].condition) {
-            was_broken[i] = true;
-            throw fuzz::InvariantBroken();
-        }
-    }
-    std::fprintf(stderr, "%s:%d: assertion failed, and not one that input may break: %s\n", file,
-                 line, condition);
-    std::abort();
+    return "print_suppressions=0:suppressions='" VEMO_LSAN_SUPPRESSIONS "'";
 }

@@ -5,17 +5,24 @@
 
 namespace vemo::fuzz {
 
-/// What an assertion throws here when input may break its condition, in place of the abort that the
-/// programs end with. Any other assertion aborts as ever.
-struct InvariantBroken {};
+/// What an assertion throws here when input may break its condition. Any other aborts as ever.
+struct InvariantBroken {
+    const char* condition;
+};
 
-/// Performs `action` up to its end, or until it breaks an expected invariant.
+/// Makes assertions of this thread throw InvariantBroken.
+void trap_expected_invariants();
+
+/// Performs `action` up to its end, or until it breaks an expected invariant, as the run of a
+/// program would end there. Returns the condition, or "".
 template <typename Action>
-void until_invariant(Action action) {
+std::string until_invariant(Action action) {
+    trap_expected_invariants();
     try {
         action();
-    } catch (const InvariantBroken&) {
-        // `action` ends here, as the run of a program would
+        return "";
+    } catch (const InvariantBroken& broken) {
+        return broken.condition;
     }
 }
 

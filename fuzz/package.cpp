@@ -9,22 +9,26 @@
 #include <string>
 #include <string_view>
 
+#include <nlohmann/json.hpp>
+
 #include "Base/FilePath.h"
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/FlowSources.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/AnswerTable.h"
+#include "BoardSpec/DestroyWithPorts.h"
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
 #include "TargetModel/Dump.h"
 #include "TargetModelXmlLoader.h"
-#include "expected_invariants.h"
+#include "loading.h"
 
 namespace {
 
 using vemo::AnswerSources;
+using vemo::fuzz::load_in_every_way;
 using vemo::fuzz::until_invariant;
 
 constexpr std::string_view SEPARATOR = "%%";  // stands between the documents
@@ -37,9 +41,29 @@ std::string take_document(std::string& input) {
     return document;
 }
 
-void answer_all(const AnswerSources& sources) {
+/// Aborts unless the JSON text of a command's answer is `dumped`.
+void check_answer(const char* command, const AnswerSources& sources, const nlohmann::json& dumped) {
+    using nlohmann::json;
+    const json answer = vemo::find_answer(command, sources).value();
+    // What is not UTF-8 is replaced in JSON.
+    const std::string expected = answer.dump(-1, ' ', false, json::error_handler_t::replace);
+    if (dumped.dump() != expected) {
+        vemo::fuzz::fail(std::string("JSON of ") + command, dumped.dump(), expected);
+    }
+}
+
+/// Aborts unless the JSON dump has all answers.
+void check_answers(const AnswerSources& sources) {
+    const auto dump = nlohmann::json::parse(vemo::dump::json_dump(sources));
     for (const vemo::Answer& answer : vemo::ANSWERS) {
-        vemo::find_answer(answer.command, sources);
+        check_answer(answer.command, sources, dump.at("answers").at(answer.command));
+    }
+    std::size_t i = 0;
+    for (const AnswerSources& flow : vemo::dump::sources_of_flows(sources)) {
+        for (const char* command : vemo::COMPILE_FLOW_COMMANDS) {
+            check_answer(command, flow, dump.at("flows").at(i).at(command));
+        }
+        ++i;
     }
 }
 
@@ -89,18 +113,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string dm_xml = take_document(input);
     const std::string tm_xml = take_document(input);
 
-    std::unique_ptr<vemo::board::BoardSpec> spec;
-    std::unique_ptr<vemo::dmodel::DeviceModel> dm;
-    std::unique_ptr<vemo::tmodel::TargetModel> tm;
-    until_invariant([&] {
-        // Memories may overlap, which one of the dumps tells.
-        spec.reset(vemo::board::BoardSpecXmlLoader(vemo::board::Overlap::Allow)
-                       .load_xml(board_xml.c_str()));
-    });
-    until_invariant(
-        [&] { dm.reset(vemo::dmodel::DeviceModelXmlLoader().load_xml(dm_xml.c_str())); });
-    until_invariant(
-        [&] { tm.reset(vemo::tmodel::TargetModelXmlLoader().load_xml(tm_xml.c_str())); });
+    using Board = vemo::board::BoardSpecXmlLoader;
+    using Device = vemo::dmodel::DeviceModelXmlLoader;
+    using Target = vemo::tmodel::TargetModelXmlLoader;
+    using Spec = std::unique_ptr<vemo::board::BoardSpec, vemo::board::DestroyWithPorts>;
+    // Memories may overlap, which one of the dumps tells.
+    const auto spec = load_in_every_way<Board, Spec>(&Board::load_board_spec, board_xml, true);
+    const auto dm = load_in_every_way<Device, std::unique_ptr<vemo::dmodel::DeviceModel>>(
+        &Device::load_target_model, dm_xml);
+    const auto tm = load_in_every_way<Target, std::unique_ptr<vemo::tmodel::TargetModel>>(
+        &Target::load_target_model, tm_xml);
     if (spec == nullptr || dm == nullptr || tm == nullptr) {
         return 0;
     }
@@ -112,9 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     sources.tm_resolved_path = vemo::FilePath::append(
         vemo::FilePath::parent_path(sources.dm_resolved_path), dm->target_model);
     sources.flow = &spec->get_compile_config(spec->get_compile_config_names().front());
-    for (const AnswerSources& flow_sources : vemo::dump::sources_of_flows(sources)) {
-        answer_all(flow_sources);
-    }
+    until_invariant([&] { check_answers(sources); });
     dump_all(sources, size);
     return 0;
 }

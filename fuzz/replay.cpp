@@ -1,5 +1,6 @@
-// replay FOLDER...: runs a harness on each file of the folders, without the fuzzing engine. Fails
-// unless these break every expected invariant.
+// replay FOLDER...: runs a harness on each file of the folders, without the fuzzing engine, and
+// prints what the readers report about them, each report once. Fails unless the files break every
+// expected invariant.
 
 #include <cstddef>
 #include <cstdint>
@@ -8,12 +9,15 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
 
-#include "expected_invariants.h"
+#include "loading.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+static std::set<std::string> reports;
 
 static void replay(const std::filesystem::path& file) {
     std::fprintf(stderr, "%s\n", file.c_str());  // the last one is to blame
@@ -23,10 +27,14 @@ static void replay(const std::filesystem::path& file) {
 }
 
 int main(int argc, char** argv) {
+    vemo::fuzz::watch_report = [](const std::string& text) { reports.insert(text); };
     for (int i = 1; i < argc; ++i) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
             replay(entry.path());
         }
+    }
+    for (const std::string& report : reports) {
+        std::fputs(report.c_str(), stdout);
     }
     const auto unbroken = vemo::fuzz::unbroken_invariants();
     for (const std::string& invariant : unbroken) {
