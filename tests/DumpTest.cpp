@@ -124,7 +124,6 @@ TEST_F(Dump, IsCleanWhateverFilesContain) {
 TEST_F(Dump, TellsModelsInJson) {
     // Every field has a value of its own.
     const auto whole = json();
-    EXPECT_EQ(whole["answers"].size(), 22u);
     const std::pair<const char*, const char*> parts[] = {
         {"/flows/1",
          R"({"automigrate_exclude":"","automigrate_include":"","automigrate_type":"pb_net",)"
@@ -143,7 +142,10 @@ TEST_F(Dump, TellsModelsInJson) {
          R"("name":"done","port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
          R"("hazard_free_attributes":true,"name":"irq_p"}],"sampling_rate":2.5,"size":null,)"
          R"("type":"irq","waitrequest":5,"waitrequest_allowance":6,"width":null})"},
-        {"/board/global_mem/0/interface/0/port/1/attribute", R"([{"encoding":7,"name":"burst"}])"},
+        {"/board/global_mem/0/interface/0/port",
+         R"([{"attribute":[],"attribute_width":0,"direction":"r","hazard_free_attributes":true,)"
+         R"("name":"d0_r"},{"attribute":[{"encoding":7,"name":"burst"}],"attribute_width":3,)"
+         R"("direction":"w","hazard_free_attributes":false,"name":"d0_w"}])"},
         {"/board/global_mem/0/type", R"("shared physical")"},
         {"/device_model/fmax", R"({"expected":240.5,"high":180.0,"min":150.0})"},
         {"/target_model/family", R"("peltrab")"},
@@ -177,14 +179,10 @@ TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
     EXPECT_EQ(dir.read("out").find("vemo-boardspec-dump "), 0u);
     EXPECT_NE(dir.read("out").find("Exit status: 0, or 1"), std::string::npos);
     const std::pair<const char*, std::string> cases[] = {
-        {"./dump none.xml", "XML error: XML_ERROR_FILE_NOT_FOUND"},
         {"./dump board_spec.xml",
          "Error in 'board_spec.xml':\nGlobal memory regions overlap.\nError: Failed to load xml "
          "file: board_spec.xml\nMake sure the Board Package is compatible"},
-        {"./dump --allow-overlap board_spec.xml >/dev/full",
-         "vemo-boardspec-dump: cannot write to standard output: "},
         {"./dump outer.xml", "Error: Global memory 'O' has no interface.\n"},
-        {"./dump --version >/dev/full", "vemo-boardspec-dump: cannot write to standard output: "},
         {"./dump", "Error: "},
         {"./dump --format=xml board_spec.xml", "Error: "},
         {"mkdir p; mv *.xml p; echo '<x/>' >p/tm.xml; ./dump --allow-overlap p/board_spec.xml",

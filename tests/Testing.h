@@ -28,14 +28,6 @@ std::string dump(const T& value) {
     return text.str();
 }
 
-/// The values as text, each in front of a "|".
-template <typename... T>
-std::string fields(const T&... values) {
-    std::ostringstream text;
-    ((text << values << "|"), ...);
-    return text.str();
-}
-
 std::vector<std::string> split(const std::string& text, const std::string& separator);
 
 /// A file of data/. The test fails if there is none.
