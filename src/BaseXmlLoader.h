@@ -13,8 +13,8 @@ namespace vemo::xml {
 
 /// What a loader writes beyond its reports.
 enum class Debug {
-    Off,  // nothing
-    On,   // each document and a trace of its walk, to standard error
+    Off,  ///< Nothing.
+    On,   ///< Each document and a trace of its walk, to standard error.
 };
 
 /// Base of the three model loaders: parses a file or a text into a document, and collects the

@@ -13,7 +13,7 @@ using board::Interface;
 /// The answer that is a field of the chosen compile flow.
 template <std::string CompileConfig::*Field>
 std::string flow_text(const AnswerSources& sources) {
-    return (sources.flow->*Field).c_str();
+    return sources.flow->*Field;
 }
 
 std::string flag_text(bool flag) { return flag ? "1" : "0"; }
@@ -26,7 +26,7 @@ std::string channel_names(const AnswerSources& sources) {
     std::string names;
     if (sources.spec->has_channel_config()) {
         append_joined(names, sources.spec->get_channel_config().get_interfaces(),
-                      [](const Interface* intf) { return intf->chan_id.c_str(); });
+                      [](const Interface* intf) -> const std::string& { return intf->chan_id; });
     }
     return names;
 }

@@ -26,11 +26,14 @@ private:
 };
 
 /// A board and the device and target models that its file leads to, loaded. Owns the models, and
-/// the ports of the board's interfaces.
+/// the ports of the board's interfaces. May be moved, but not copied.
 ///
 /// What a program that uses it may rely on:
 /// - A package is loaded or the constructor throws, and then nothing is left behind: no memory and
-///   no open file. No file aborts the program: an invariant that a file breaks is a LoadError.
+///   no open file.
+/// - No file aborts the program while it is loaded or answers are computed: an invariant that a
+/// file
+///   breaks is a LoadError. (Getters and dumps of the models still have requirements of their own.)
 /// - Packages may be loaded on several threads at once. A loaded package may be read on several
 ///   threads at once.
 /// - The state of the process stays as it is. Nothing is written to standard output or standard
@@ -41,12 +44,13 @@ public:
     /// Loads the board file `board_path`, then the device model that it names, then the target
     /// model that this names. Relative paths start in the working directory.
     ///
-    /// Throws LoadError when a file is missing or invalid, and std::bad_alloc when memory runs out.
+    /// Throws LoadError if a file is missing, unreadable or invalid, and std::bad_alloc if memory
+    /// runs out.
     explicit BoardPackage(const std::string& board_path,
                           board::Overlap overlap = board::Overlap::Refuse);
 
-    /// The sources of all answers, which live as long as the package. The compile flow is the one
-    /// that the board defines first.
+    /// The sources of all answers. The models live as long as the package. The compile flow is the
+    /// one that the board defines first; a copy of the sources may point to another.
     const AnswerSources& sources() const { return m_sources; }
 
 private:

@@ -7,10 +7,13 @@ namespace vemo::board {
 class BoardSpec;
 class Interface;
 
-/// Deleter for std::unique_ptr: destroys an interface, or a whole board, along with its ports. (An
-/// interface alone does not destroy its ports.) Nobody else may hold one of them.
+/// Deleter for std::unique_ptr that destroys the ports as well, which an interface alone does not.
+/// Nobody may use one of the ports afterwards.
 struct DestroyWithPorts {
+    /// Destroys `intf`, which must not be null, and its ports.
     void operator()(const Interface* intf) const;
+
+    /// Destroys `spec`, which must not be null, and the ports of all its interfaces.
     void operator()(const BoardSpec* spec) const;
 };
 

@@ -7,13 +7,14 @@ namespace vemo::board {
 
 /// What a loader makes of global memories whose address ranges overlap.
 enum class Overlap {
-    Refuse,  // an error
-    Allow,
+    Refuse,  ///< An error.
+    Allow,   ///< Nothing.
 };
 
 /// Loads board_spec.xml files.
 class BoardSpecXmlLoader : public vemo::xml::BaseXmlLoader {
 public:
+    /// With Debug::On, each document is echoed to standard error and its walk traced there.
     explicit BoardSpecXmlLoader(Overlap overlap = Overlap::Refuse,
                                 vemo::xml::Debug debug = vemo::xml::Debug::Off)
         : BoardSpecXmlLoader(debug == vemo::xml::Debug::On, overlap == Overlap::Allow) {}
