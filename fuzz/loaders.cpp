@@ -13,19 +13,19 @@
 #include "TargetModelXmlLoader.h"
 #include "loading.h"
 
+using vemo::board::BoardSpec;
+using vemo::dmodel::DeviceModel;
 using vemo::fuzz::load_in_every_way;
+using vemo::tmodel::TargetModel;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace vemo;
     const std::string xml(data, data + size);
-    using Board = std::unique_ptr<board::BoardSpec, board::DestroyWithPorts>;
-    load_in_every_way<board::BoardSpecXmlLoader, Board>(&board::BoardSpecXmlLoader::load_board_spec,
-                                                        xml, false);
-    using Device = dmodel::DeviceModelXmlLoader;
-    load_in_every_way<Device, std::unique_ptr<dmodel::DeviceModel>>(&Device::load_target_model,
-                                                                    xml);
-    using Target = tmodel::TargetModelXmlLoader;
-    load_in_every_way<Target, std::unique_ptr<tmodel::TargetModel>>(&Target::load_target_model,
-                                                                    xml);
+    using Board = vemo::board::BoardSpecXmlLoader;
+    using Device = vemo::dmodel::DeviceModelXmlLoader;
+    using Target = vemo::tmodel::TargetModelXmlLoader;
+    using Spec = std::unique_ptr<BoardSpec, vemo::board::DestroyWithPorts>;
+    load_in_every_way<Board, Spec>(&Board::load_board_spec, xml, false);
+    load_in_every_way<Device, std::unique_ptr<DeviceModel>>(&Device::load_target_model, xml);
+    load_in_every_way<Target, std::unique_ptr<TargetModel>>(&Target::load_target_model, xml);
     return 0;
 }

@@ -40,6 +40,7 @@ std::string with_source_name(std::string text, const std::string& from, const st
 template <typename Loader, typename Owner, typename Model, typename... Flags>
 Owner load_in_every_way(Model* (Loader::*load)(tinyxml2::XMLDocument*), const std::string& xml,
                         Flags... flags) {
+    const std::string text = xml.substr(0, xml.find('\0'));
     Owner first;
     std::string expected;
     for (const bool from_file : {false, true}) {
@@ -47,10 +48,10 @@ Owner load_in_every_way(Model* (Loader::*load)(tinyxml2::XMLDocument*), const st
             QuietLoader<Loader> loader(debug, flags...);
             Owner model;
             std::ostringstream result;
-            const char* path = from_file ? write_memory_file(xml.c_str()) : "[mem]";
+            const char* path = from_file ? write_memory_file(text) : "[mem]";
             result << until_invariant([&] {
                 model.reset((loader.*load)(from_file ? loader.parse_file_quietly(path)
-                                                     : loader.parse_xml(xml.c_str())));
+                                                     : loader.parse_xml(text.c_str())));
             });
             for (unsigned i = 0; i < loader.get_num_errors(); ++i) {
                 result << with_source_name(loader.get_error(i), path, "[mem]");

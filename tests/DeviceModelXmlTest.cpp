@@ -27,6 +27,7 @@ TEST(DeviceModelXml, ReportsErrors) {
  target_model="tm.xml" => \ntarget_model="" => 2: A target model file must be specified.
 <fmax.../> =>  => 1: Expected element <device_model> to appear exactly once.
  high="180" => \nzz="" => 3: Unexpected attribute 'zz'.
+<alms => <fmax expected="-1"/><alms => 4: Unexpected element 'fmax'.
 <alms => <fmax x=""/><alms => 4: Unexpected element 'fmax'. + 4: Unexpected attribute 'x'.
  expected="240.5" min="150" => \nexpected="-5" min="-5" => 3: Expected fmax must be positive.
 "240.5" => "nan" => 2: Expected fmax must be positive.

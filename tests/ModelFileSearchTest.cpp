@@ -23,7 +23,7 @@ struct ModelFileSearch : ::testing::Test {
 
 /// Where the two searches, which differ in one folder, find `name` in the file `from`.
 std::string find(const std::string& name, const std::string& from) {
-    const auto found = TargetModelXmlLoader(false).resolve_target_model_file(name, from);
+    std::string found = TargetModelXmlLoader(false).resolve_target_model_file(name, from);
     EXPECT_EQ(DeviceModelXmlLoader(true).resolve_device_model_file(name, from),
               fill(found, {{"/tm/", "/dm/"}}));
     return found;

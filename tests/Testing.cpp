@@ -45,7 +45,7 @@ static std::string read_file(const std::string& path) {
 }
 
 std::string read_data(const std::string& file) {
-    const std::string text = read_file(VEMO_TEST_DATA "/" + file);
+    std::string text = read_file(VEMO_TEST_DATA "/" + file);
     EXPECT_NE(text, "") << file;
     return text;
 }

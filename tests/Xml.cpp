@@ -33,8 +33,9 @@ ShellTest::ShellTest(const char* link, const char* variable, const char* program
 }
 
 int ShellTest::run(const std::string& command) const {
-    const std::string start = "unset VEMOSDKROOT; cd '" + dir.path + "' && ( ";
-    return WEXITSTATUS(std::system((start + command + " ) >out 2>err").c_str()));
+    std::string line = "unset VEMOSDKROOT; cd '" + dir.path + "' && ( ";
+    line += command + " ) >out 2>err";
+    return WEXITSTATUS(std::system(line.c_str()));
 }
 
 std::string at(int line, const std::string& message) {
@@ -66,7 +67,8 @@ std::vector<Case> parse_cases(const std::string& document, const std::string& li
         for (const std::string& from : split(parts[0], " || ")) {
             for (const std::string& to : split(parts[1], " || ")) {
                 Case c;
-                c.name = from + " => " + to;
+                c.name = from;
+                c.name += " => " + to;
                 c.document = edit(document, from, fill(to, {{"(nothing)", ""}, {"\\n", "\n"}}));
                 const bool aborts = outcome.compare(0, abort.size(), abort) == 0;
                 (aborts ? c.abort : c.outcome) =
