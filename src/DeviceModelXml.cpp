@@ -123,7 +123,7 @@ bool DeviceModelVisitor::VisitExit(const XMLElement& elem) {
     }
     if (!m_dm->has_resources()) {
         return report_error("Missing resources (<resources>) in device model.",
-                            {"missing-element", {}, "resources"});
+                            {"missing-element", {}, "resources", nullptr, {}, &elem});
     }
     for (const Resource& resource : RESOURCES) {
         if (!report_unexpected_elem_count(elem, 1, 3, "device_model", "resources", resource.name)) {

@@ -173,7 +173,7 @@ bool BaseVisitor::report_error(const XMLAttribute& attribute, const std::string&
 }
 
 bool BaseVisitor::report_error(const std::string& msg, const ReportDetails& details) {
-    hand_out("invalid-document", nullptr, "", msg, details);
+    hand_out("invalid-document", details.elem, "", msg, details);
     m_has_error = true;
     if (m_callbacks != nullptr) {
         m_callbacks->report_error(std::string("Error in '") + get_source_name() + "':\n"

@@ -198,6 +198,9 @@ public:
                          bool required);
 
 protected:
+    /// Whether someone takes what ReportDetails says.
+    bool has_report_sink() const { return m_report_sink != nullptr; }
+
     bool is_tracing() const { return m_debug; }
 
     /// Name of the element that has been entered last and not been left.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ struct ElementPair {
     const tinyxml2::XMLElement* first;
     const tinyxml2::XMLElement* second;
 };
+
+constexpr std::size_t MAX_PAIRS = 1000;
 
 /// What a reader says about an error beyond its text.
 struct ReportDetails {
@@ -28,15 +31,19 @@ struct ReportDetails {
     /// Name of the attribute that breaks the rule, where the operation is not given one.
     const char* attribute = nullptr;
 
-    /// Of a rule on several elements: those that break it.
+    /// Of a rule on several elements: those that break it, MAX_PAIRS of them at most. Filled only
+    /// where there is a sink.
     std::vector<ElementPair> pairs = {};
+
+    /// Where the error belongs, for a text without a place.
+    const tinyxml2::XMLElement* elem = nullptr;
 };
 
 /// An error as data, for programs that present errors in their own way or look for a repair.
 struct Report {
     const char* rule;                   ///< Id of the broken rule; never null.
     std::string message;                ///< The text without source and line; may be empty.
-    const tinyxml2::XMLElement* elem;   ///< Where it is reported; null for the document.
+    const tinyxml2::XMLElement* elem;   ///< Where it belongs; null for the document.
     std::string attribute;              ///< The attribute concerned, which may be absent.
     std::vector<std::string> accepted;  ///< See ReportDetails.
     std::string child;                  ///< See ReportDetails; empty when there is none.

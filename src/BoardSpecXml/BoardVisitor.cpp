@@ -89,7 +89,14 @@ bool BoardVisitor::visit_compile_elem(const XMLElement& elem) {
 }
 
 bool BoardVisitor::visit_global_mem_elem(const XMLElement& elem) {
-    return check_section(elem) && delegate<GlobalMemVisitor>(elem, m_spec);
+    if (!check_section(elem)) {
+        return false;
+    }
+    delegate<GlobalMemVisitor>(elem, m_spec);
+    if (has_report_sink()) {
+        m_memory_elems.resize(m_spec->get_num_global_mem_definitions(), &elem);
+    }
+    return false;
 }
 
 bool BoardVisitor::visit_host_elem(const XMLElement& elem) {
@@ -118,7 +125,8 @@ bool BoardVisitor::VisitExit(const XMLDocument& doc) {
             {"missing-element", {}, "global_mem"});
     }
     if (!m_skip_overlap && has_overlapping_memories(m_spec->get_global_mem_configs())) {
-        return report_error("Global memory regions overlap.", {"memory-overlap"});
+        return report_error("Global memory regions overlap.",
+                            {"memory-overlap", {}, nullptr, nullptr, find_overlaps()});
     }
     if (!m_spec->has_host_config()) {
         return report_error("Missing host configuration (<host>) in board specification.",
@@ -130,6 +138,17 @@ bool BoardVisitor::VisitExit(const XMLDocument& doc) {
             {"missing-element", {}, "interfaces"});
     }
     return check_compile_configs() && BaseVisitor::VisitExit(doc);
+}
+
+std::vector<vemo::xml::ElementPair> BoardVisitor::find_overlaps() const {
+    std::vector<vemo::xml::ElementPair> pairs;
+    if (has_report_sink()) {
+        for (const auto& [first, second] :
+             overlapping_memories(m_spec->get_global_mem_configs(), vemo::xml::MAX_PAIRS)) {
+            pairs.push_back({m_memory_elems[first], m_memory_elems[second]});
+        }
+    }
+    return pairs;
 }
 
 bool BoardVisitor::check_compile_configs() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
@@ -34,10 +36,14 @@ private:
 
     bool check_compile_configs();
 
+    /// The memories that overlap.
+    std::vector<vemo::xml::ElementPair> find_overlaps() const;
+
     static const ElementHandler<BoardVisitor> HANDLERS[];
 
     BoardSpec* m_spec;
     bool m_skip_overlap;
+    std::vector<const XMLElement*> m_memory_elems;  // in the order of the model; for a sink
 };
 
 }  // namespace vemo::board::xml

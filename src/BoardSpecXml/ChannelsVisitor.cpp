@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -11,6 +12,9 @@
 
 namespace vemo::board::xml {
 namespace {
+
+using vemo::xml::ElementPair;
+using vemo::xml::MAX_PAIRS;
 
 // Of a channel's interface, in the order of the test.
 constexpr const char* REQUIRED_ATTRIBUTES[] = {"name", "port", "type", "width", "chan_id"};
@@ -63,6 +67,9 @@ bool ChannelsVisitor::visit_interface_elem(const XMLElement& elem) {
             {"wrong-interface-type", {"streamsource", "streamsink"}, nullptr, "type"});
     }
     m_spec->get_channel_config().add_interface(std::move(intf));
+    if (has_report_sink()) {
+        m_channel_elems.push_back(&elem);
+    }
     // True: this visitor walks the children as well, and a `port` among them is one it does not
     // expect. A channel names its port by attribute.
     return !m_has_error;
@@ -86,13 +93,36 @@ bool ChannelsVisitor::check_channel_ids(const XMLElement& elem) {
                    [](const Interface* intf) -> std::string_view { return intf->chan_id; });
     if (has_duplicates(std::move(ids))) {
         return report_error(elem, "Two or more channels share the same channel ID.",
-                            {"duplicate-channel-id", {}, nullptr, "chan_id"});
+                            {"duplicate-channel-id", {}, nullptr, "chan_id", find_duplicate_ids()});
     }
     if (end != channels.end()) {
         return report_error(elem, "Empty channel ID name.",
-                            {"empty-channel-id", {}, nullptr, "chan_id"});
+                            {"empty-channel-id", {}, nullptr, "chan_id", find_empty_ids()});
     }
     return true;
+}
+
+std::vector<ElementPair> ChannelsVisitor::find_empty_ids() const {
+    std::vector<ElementPair> pairs;
+    for (const XMLElement* elem : m_channel_elems) {
+        if (*elem->Attribute("chan_id") == '\0' && pairs.size() < MAX_PAIRS) {
+            pairs.push_back({elem, nullptr});
+        }
+    }
+    return pairs;
+}
+
+std::vector<ElementPair> ChannelsVisitor::find_duplicate_ids() const {
+    std::vector<ElementPair> pairs;
+    std::unordered_map<std::string_view, const XMLElement*> first_of_id;
+    for (const XMLElement* elem : m_channel_elems) {
+        const std::string_view id = elem->Attribute("chan_id");
+        const auto [first, is_first] = first_of_id.emplace(id, elem);
+        if (!is_first && !id.empty() && pairs.size() < MAX_PAIRS) {
+            pairs.push_back({first->second, elem});
+        }
+    }
+    return pairs;
 }
 
 }  // namespace vemo::board::xml

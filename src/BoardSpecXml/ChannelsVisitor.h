@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
@@ -21,9 +23,14 @@ private:
     bool visit_interface_elem(const XMLElement& elem);
     bool check_channel_ids(const XMLElement& elem);
 
+    /// The channels whose id is empty, or those that have the id of an earlier one.
+    std::vector<vemo::xml::ElementPair> find_empty_ids() const;
+    std::vector<vemo::xml::ElementPair> find_duplicate_ids() const;
+
     static const ElementHandler<ChannelsVisitor> HANDLERS[];
 
     BoardSpec* m_spec;
+    std::vector<const XMLElement*> m_channel_elems;  // in the order of the model; for a sink
 };
 
 }  // namespace vemo::board::xml

@@ -13,6 +13,8 @@
 namespace vemo::board::xml {
 namespace {
 
+using vemo::xml::ElementPair;
+using vemo::xml::MAX_PAIRS;
 using vemo::xml::unsigned64_hex;
 
 constexpr const char* ATTRIBUTES[] = {"name", "max_bandwidth", "interleaved_bytes", "type",
@@ -21,6 +23,11 @@ constexpr const char* ATTRIBUTES[] = {"name", "max_bandwidth", "interleaved_byte
 // Of a memory's interface, in the order of the test.
 constexpr const char* REQUIRED_INTERFACE_ATTRIBUTES[] = {"name", "type", "width", "address",
                                                          "size"};
+
+/// The element of the board's first memory.
+const tinyxml2::XMLElement* first_memory_elem(const tinyxml2::XMLElement& elem) {
+    return elem.GetDocument()->RootElement()->FirstChildElement("global_mem");
+}
 
 }  // namespace
 
@@ -60,6 +67,7 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
                                  {"out-of-range", {"0", "1"}});
     }
     m_global_mem = global_mem.release();
+    m_interface_elems.clear();
     m_spec->add_global_mem_config(m_global_mem, (default_value & 1) != 0);
 
     float max_bandwidth = 0.0f;
@@ -94,10 +102,15 @@ bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
     // between have passed when they were the last.
     if (m_spec->get_num_global_mem_definitions() > 1
         && (m_spec->get_global_mem_config().name.empty() || m_global_mem->name.empty())) {
-        return report_error(elem,
-                            "All global memories must have a name when there are more than 1 "
-                            "global memories.",
-                            {"unnamed-memory", {}, nullptr, "name"});
+        return report_error(
+            elem,
+            "All global memories must have a name when there are more than 1 "
+            "global memories.",
+            {"unnamed-memory",
+             {},
+             nullptr,
+             "name",
+             {{m_global_mem->name.empty() ? &elem : first_memory_elem(elem), nullptr}}});
     }
     if (!m_has_error
         && query_attribute(elem, attributes["config_addr"], &number, REPORT, OPTIONAL)) {
@@ -118,6 +131,9 @@ bool GlobalMemVisitor::visit_interface_elem(const XMLElement& elem) {
                             {"wrong-interface-type", {"slave"}, nullptr, "type"});
     }
     m_global_mem->add_interface(std::move(intf));
+    if (has_report_sink()) {
+        m_interface_elems.push_back(&elem);
+    }
     // All children are ports, or the interface's own visitor had reported them: that this visitor
     // walks them as well could only be traced.
     return is_tracing();
@@ -139,15 +155,35 @@ bool GlobalMemVisitor::check_interfaces(const XMLElement& elem) {
     for (const Interface* intf : m_global_mem->get_interfaces()) {
         if (intf->get_data_width() != first.get_data_width()) {
             return report_error(elem, "All global memory interfaces must have the same data width.",
-                                {"interface-widths-differ", {}, nullptr, "width"});
+                                {"interface-widths-differ",
+                                 {},
+                                 nullptr,
+                                 "width",
+                                 find_different(&Interface::get_data_width)});
         }
         if (intf->get_max_burst_count() != first.get_max_burst_count()) {
             return report_error(elem,
                                 "All global memory interfaces must have the same max burst count.",
-                                {"interface-bursts-differ", {}, nullptr, "maxburst"});
+                                {"interface-bursts-differ",
+                                 {},
+                                 nullptr,
+                                 "maxburst",
+                                 find_different(&Interface::get_max_burst_count)});
         }
     }
     return true;
+}
+
+std::vector<ElementPair> GlobalMemVisitor::find_different(unsigned (Interface::*get)()
+                                                              const) const {
+    std::vector<ElementPair> pairs;
+    const auto& interfaces = m_global_mem->get_interfaces();
+    for (std::size_t i = 1; i < m_interface_elems.size() && pairs.size() < MAX_PAIRS; ++i) {
+        if ((interfaces[i]->*get)() != (interfaces[0]->*get)()) {
+            pairs.push_back({m_interface_elems[0], m_interface_elems[i]});
+        }
+    }
+    return pairs;
 }
 
 }  // namespace vemo::board::xml

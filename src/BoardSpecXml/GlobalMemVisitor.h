@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "BaseVisitor/BaseVisitor.h"
 #include "BoardSpec/BoardSpec.h"
 
@@ -21,10 +23,14 @@ private:
     bool visit_interface_elem(const XMLElement& elem);
     bool check_interfaces(const XMLElement& elem);
 
+    /// The first interface, with each one that differs from it in `get`.
+    std::vector<vemo::xml::ElementPair> find_different(unsigned (Interface::*get)() const) const;
+
     static const ElementHandler<GlobalMemVisitor> HANDLERS[];
 
     BoardSpec* m_spec;
-    GlobalMemConfig* m_global_mem = nullptr;  // owned by m_spec
+    GlobalMemConfig* m_global_mem = nullptr;           // owned by m_spec
+    std::vector<const XMLElement*> m_interface_elems;  // of m_global_mem, in its order; for a sink
 };
 
 }  // namespace vemo::board::xml

@@ -56,7 +56,7 @@ bool HostVisitor::VisitExit(const XMLElement& elem) {
         && m_spec->get_host_config().get_kernel_config_size() == 0) {
         return report_error(
             "Missing kernel configuration (<kernel_config>) in host specification (<host>).",
-            {"missing-element", {}, "kernel_config"});
+            {"missing-element", {}, "kernel_config", nullptr, {}, &elem});
     }
     return BaseVisitor::VisitExit(elem);
 }

@@ -63,7 +63,7 @@ bool InterfacesVisitor::VisitExit(const XMLElement& elem) {
     if (!m_has_error && current_name() == "interfaces"
         && !m_spec->get_interface_config().has_kernel_clk_reset()) {
         return report_error("Missing kernel clock-reset interface (<kernel_clk_reset>).",
-                            {"missing-element", {}, "kernel_clk_reset"});
+                            {"missing-element", {}, "kernel_clk_reset", nullptr, {}, &elem});
     }
     return BaseVisitor::VisitExit(elem);
 }
