@@ -204,7 +204,7 @@ void BaseVisitor::hand_out(const char* rule, const XMLElement* elem, const std::
     if (m_report_sink != nullptr) {
         m_report_sink->report({details.rule == nullptr ? rule : details.rule, msg, elem,
                                details.attribute == nullptr ? attribute : details.attribute,
-                               details.accepted, details.child == nullptr ? "" : details.child,
+                               details.attribute == nullptr, details.accepted, details.child == nullptr ? "" : details.child,
                                details.pairs});
     }
 }

@@ -45,6 +45,7 @@ struct Report {
     std::string message;                ///< The text without source and line; may be empty.
     const tinyxml2::XMLElement* elem;   ///< Where it belongs; null for the document.
     std::string attribute;              ///< The attribute concerned, which may be absent.
+    bool is_at_attribute;               ///< Whether the place is that of the attribute, if present.
     std::vector<std::string> accepted;  ///< See ReportDetails.
     std::string child;                  ///< See ReportDetails; empty when there is none.
     std::vector<ElementPair> pairs;     ///< See ReportDetails.

@@ -130,10 +130,9 @@ void SourceText::find_tags() {
 }
 
 void SourceText::attach(const tinyxml2::XMLDocument& doc) {
-    if (std::exchange(m_is_attached, true)) {
-        return;
+    if (m_tags.empty()) {
+        find_tags();
     }
-    find_tags();
     auto tag = m_tags.begin();
     for (const XMLElement* elem = doc.RootElement(); elem != nullptr && tag != m_tags.end();
          elem = next_element(*elem), ++tag) {

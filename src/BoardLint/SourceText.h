@@ -26,7 +26,7 @@ public:
     std::string_view line(unsigned number) const;
 
     /// Finds the elements of `doc`, which must have been parsed from these bytes and not been
-    /// changed since. Takes over the user data of its elements. Later calls do nothing.
+    /// changed since. Takes over the user data of its elements.
     void attach(const tinyxml2::XMLDocument& doc);
 
     // Places. The element may belong to the document attached or not: then, and where the text
@@ -65,7 +65,6 @@ private:
 
     std::string m_file;
     std::string m_bytes;
-    bool m_is_attached = false;
     std::vector<Tag> m_tags;  // user data of elements points here
     mutable std::vector<std::size_t>
         m_line_offsets;  // of the beginnings of lines; made when needed

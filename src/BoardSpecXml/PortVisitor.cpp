@@ -33,7 +33,7 @@ bool PortVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* first_a
     if (name == "attribute") {
         return false;  // the AttributeVisitor has read it, if it is to be read
     }
-    return report_unexpected_elem(elem, "", {nullptr, {"port", "attribute"}});
+    return report_unexpected_elem(elem, "", {nullptr, {depth() == 2 ? "port" : "attribute"}});
 }
 
 bool PortVisitor::visit_port_elem(const XMLElement& elem) {

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <tinyxml2.h>
+
+namespace vemo::lint {
+
+/// A document that is repaired in memory. It knows which of its parts are the author's, and takes
+/// edits back.
+class Draft {
+public:
+    using XMLElement = tinyxml2::XMLElement;
+
+    /// `doc` must outlive the draft.
+    explicit Draft(tinyxml2::XMLDocument* doc);
+
+    // Edits. Elements must belong to the document.
+
+    /// Sets an attribute to a value that is not the author's.
+    void write(XMLElement* elem, const std::string& name, const std::string& value);
+
+    void rename_attribute(XMLElement* elem, const std::string& from, const std::string& to);
+    void remove_attribute(XMLElement* elem, const std::string& name);
+
+    void rename(XMLElement* elem, const std::string& name);
+
+    /// Moves an element to the end of `parent`.
+    void move(XMLElement* elem, XMLElement* parent);
+
+    /// Puts the children of an element in its place, and the element aside.
+    void unwrap(XMLElement* elem);
+
+    /// Takes an element out of the document, and keeps it.
+    void set_aside(XMLElement* elem);
+
+    /// Adds an element that is not the author's at the end of `parent`: a copy of `model`, or
+    /// one of that name without attributes.
+    XMLElement* invent(XMLElement* parent, const XMLElement& model);
+    XMLElement* invent(XMLElement* parent, const std::string& name);
+
+    // Taking back.
+
+    /// The number of edits made.
+    std::size_t size() const { return m_undo.size(); }
+
+    /// Takes back all edits but the first `size`.
+    void roll_back(std::size_t size);
+
+    // What is the author's.
+
+    /// Whether the element, or one that it stands in, was invented.
+    bool is_invented(const XMLElement& elem) const;
+
+    /// Whether the value of an attribute was written by `write`, or its element was invented.
+    bool is_written(const XMLElement& elem, const std::string& name) const;
+
+    /// The name of an attribute before it was renamed.
+    std::string original_name(const XMLElement& elem, const std::string& name) const;
+
+    /// An element set aside, and the element in which it stood.
+    struct Aside {
+        XMLElement* elem;
+        XMLElement* parent;
+    };
+
+    /// Those that are set aside now, in the order in which they were.
+    const std::vector<Aside>& asides() const { return m_asides; }
+
+private:
+    using Key = std::pair<const XMLElement*, std::string>;
+
+    void set_attribute(XMLElement* elem, const std::string& name, const std::string& value);
+
+    /// Moves an element into `parent`, behind `previous`, or to the front if that is null.
+    static void place(XMLElement* elem, tinyxml2::XMLNode* parent, tinyxml2::XMLNode* previous);
+
+    /// Sets a note about an attribute, and remembers what it was.
+    template <typename Value>
+    void note(std::map<Key, Value>* notes, const Key& key, const Value& value);
+
+    tinyxml2::XMLDocument* m_doc;
+    XMLElement* m_shelf;  // holds what is set aside; no part of the tree
+    std::vector<Aside> m_asides;
+    std::set<const XMLElement*> m_invented;
+    std::map<Key, bool> m_is_written;
+    std::map<Key, std::string> m_original_names;
+    std::vector<std::function<void()>> m_undo;
+};
+
+}  // namespace vemo::lint

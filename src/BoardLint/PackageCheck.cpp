@@ -1,0 +1,213 @@
+#include "BoardLint/PackageCheck.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <optional>
+
+#include "Base/FilePath.h"
+#include "Base/OpenForReading.h"
+#include "Base/SdkModelPath.h"
+#include "BaseXmlLoader.h"
+#include "DeviceModelXmlLoader.h"
+#include "TargetModelXmlLoader.h"
+
+namespace vemo::lint {
+namespace {
+
+using tinyxml2::XMLDocument;
+
+/// A kind of model that another file refers to.
+struct ModelKind {
+    Format format;
+    const char* name;
+    const char* kit_directory;
+};
+constexpr ModelKind DEVICE_MODEL = {Format::DeviceModel, "device model", "dm"};
+constexpr ModelKind TARGET_MODEL = {Format::TargetModel, "target model", "tm"};
+
+/// The contents of a regular file; nothing if it is none or cannot be read.
+std::optional<std::string> read_bytes(int fd) {
+    struct stat status = {};
+    if (fstat(fd, &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    std::size_t size = 0;
+    while (true) {
+        if (size == bytes.size()) {
+            bytes.resize(size + 4096);  // the file may have grown; and its end has to be seen
+        }
+        const ssize_t count = read(fd, bytes.data() + size, bytes.size() - size);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            bytes.resize(size);
+            return bytes;
+        }
+        size += static_cast<std::size_t>(count);
+    }
+}
+
+Format format_of(const XMLDocument& doc) {
+    const tinyxml2::XMLElement* root = doc.RootElement();
+    for (const Format format : {Format::DeviceModel, Format::TargetModel}) {
+        if (root != nullptr && std::string_view(root->Name()) == root_name(format)) {
+            return format;
+        }
+    }
+    return Format::Board;
+}
+
+/// What the tool says about a document that was not parsed, in one line.
+std::string parse_error(XMLDocument* doc) {
+    vemo::xml::BaseXmlLoader loader;
+    loader.set_last_error(doc);
+    std::string text = loader.get_error(0);
+    text.erase(text.find_last_not_of('\n') + 1);
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+/// Where a model is searched, in order.
+std::vector<std::string> search_places(const ModelKind& kind, const std::string& name,
+                                       const std::string& referrer) {
+    if (FilePath::is_absolute(name)) {
+        return {name};
+    }
+    std::vector<std::string> places = {name};
+    const std::string beside = FilePath::append(FilePath::parent_path(referrer), name);
+    if (beside != name) {
+        places.push_back(beside);
+    }
+    if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
+        places.push_back(sdk_model_path(root, kind.kit_directory, name));
+    }
+    return places;
+}
+
+std::string find_model(const ModelKind& kind, const std::string& name,
+                       const std::string& referrer) {
+    return kind.format == Format::DeviceModel
+               ? dmodel::DeviceModelXmlLoader().resolve_device_model_file(name, referrer)
+               : tmodel::TargetModelXmlLoader().resolve_target_model_file(name, referrer);
+}
+
+}  // namespace
+
+bool PackageCheck::check(const std::string& path) {
+    const int fd = open_for_reading(path.c_str());
+    if (fd == -1) {
+        return false;
+    }
+    const File* file = check_file(path, fd, nullptr);
+    if (file != nullptr) {
+        follow(*file);
+    }
+    return true;
+}
+
+const PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
+                                                   const Format* format) {
+    struct stat status = {};
+    fstat(fd, &status);
+    if (format != nullptr) {
+        const auto checked = m_checked.find({status.st_dev, status.st_ino, *format});
+        if (checked != m_checked.end()) {
+            close(fd);
+            return checked->second;
+        }
+    }
+    std::optional<std::string> bytes = read_bytes(fd);
+    close(fd);
+    auto doc = std::make_unique<XMLDocument>();
+    if (bytes) {
+        doc->Parse(bytes->data(), bytes->size());
+    } else {
+        doc->LoadFile(opens_without_waiting(path.c_str()) ? path.c_str() : "");
+    }
+    const Format actual_format = format != nullptr ? *format : format_of(*doc);
+    const Key key = {status.st_dev, status.st_ino, actual_format};
+    const auto [checked, is_new] = m_checked.emplace(key, nullptr);
+    if (!is_new) {
+        return checked->second;
+    }
+    SourceText& text = m_sources.add(path, bytes ? std::move(*bytes) : "");
+    if (doc->Error()) {
+        add({Severity::Error,
+             "malformed-xml",
+             text.whole(static_cast<unsigned>(std::max(doc->ErrorLineNum(), 0))),
+             parse_error(doc.get()),
+             "",
+             {}});
+        return nullptr;
+    }
+    m_files.push_back({path, actual_format, &text, std::move(doc), nullptr});
+    File& file = m_files.back();
+    checked->second = &file;
+    file.check = std::make_unique<FileCheck>(file.doc.get(), actual_format, &text);
+    file.check->run(m_max_findings - std::min(m_max_findings, m_findings.size()));
+    for (const Finding& finding : file.check->findings()) {
+        add(finding);
+    }
+    if (!file.check->is_complete()) {
+        m_incomplete_files.push_back(path);
+    }
+    return &file;
+}
+
+void PackageCheck::follow(const File& file) {
+    if (file.format == Format::TargetModel || !m_followed.insert(file.path).second
+        || m_findings.size() >= m_max_findings) {
+        return;
+    }
+    const ModelKind& kind = file.format == Format::Board ? DEVICE_MODEL : TARGET_MODEL;
+    const Reference reference = file.check->reference();
+    if (!reference.is_known) {
+        return;
+    }
+    const std::string path = find_model(kind, reference.name, file.path);
+    const int fd = path.empty() ? -1 : open_for_reading(path.c_str());
+    if (fd == -1) {
+        report_missing_model(file, reference.name, search_places(kind, reference.name, file.path),
+                             "");
+        return;
+    }
+    if (const File* model = check_file(path, fd, &kind.format)) {
+        follow(*model);
+    }
+}
+
+void PackageCheck::report_missing_model(const File& file, const std::string& name,
+                                        const std::vector<std::string>& places,
+                                        const std::string&) {
+    const ModelKind& kind = file.format == Format::Board ? DEVICE_MODEL : TARGET_MODEL;
+    Finding finding;
+    finding.id = "model-not-found";
+    finding.location = file.check->locate_reference();
+    finding.message = std::string("Cannot find the ") + kind.name + " '" + name + "'.";
+    for (const std::string& place : places) {
+        finding.notes.push_back({Location(), "tried '" + place + "'"});
+    }
+    if (!FilePath::is_absolute(name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
+        finding.notes.push_back({Location(), std::string(SDK_ROOT_VARIABLE)
+                                                 + " is not set: no development kit was searched"});
+    }
+    add(std::move(finding));
+}
+
+void PackageCheck::add(Finding finding) {
+    if (m_findings.size() < m_max_findings) {
+        m_findings.push_back(std::move(finding));
+    }
+}
+
+}  // namespace vemo::lint
