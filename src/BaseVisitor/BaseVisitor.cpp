@@ -204,8 +204,9 @@ void BaseVisitor::hand_out(const char* rule, const XMLElement* elem, const std::
     if (m_report_sink != nullptr) {
         m_report_sink->report({details.rule == nullptr ? rule : details.rule, msg, elem,
                                details.attribute == nullptr ? attribute : details.attribute,
-                               details.attribute == nullptr, details.accepted, details.child == nullptr ? "" : details.child,
-                               details.pairs});
+                               details.attribute == nullptr, details.accepted,
+                               details.parent == nullptr ? "" : details.parent,
+                               details.child == nullptr ? "" : details.child, details.pairs});
     }
 }
 
@@ -285,13 +286,21 @@ bool BaseVisitor::report_unexpected_path_count(const XMLElement& elem, unsigned 
     const unsigned found = get_element_count_va(n, names);
     bool is_expected = min_count <= found && found <= max_count;
     if (!is_expected) {
-        const char* counted = elem.Value();
+        const char* parent = elem.Value();
+        const char* counted = parent;
         for (unsigned i = 0; i < n; ++i) {
+            parent = counted;
             counted = va_arg(names_again, const char*);
         }
         is_expected = report_unexpected_elem_count_error(
             elem, min_count, max_count,
-            {found < min_count ? "missing-element" : "repeated-element", {}, counted});
+            {found < min_count ? "missing-element" : "repeated-element",
+             {},
+             counted,
+             nullptr,
+             {},
+             nullptr,
+             equal_names(parent, elem.Value()) ? nullptr : parent});
     }
     va_end(names_again);
     return is_expected;

@@ -37,6 +37,9 @@ struct ReportDetails {
 
     /// Where the error belongs, for a text without a place.
     const tinyxml2::XMLElement* elem = nullptr;
+
+    /// Name of the child of the element reported that lacks `child`; null when it is that element.
+    const char* parent = nullptr;
 };
 
 /// An error as data, for programs that present errors in their own way or look for a repair.
@@ -47,6 +50,7 @@ struct Report {
     std::string attribute;              ///< The attribute concerned, which may be absent.
     bool is_at_attribute;               ///< Whether the place is that of the attribute, if present.
     std::vector<std::string> accepted;  ///< See ReportDetails.
+    std::string parent;                 ///< See ReportDetails; empty when there is none.
     std::string child;                  ///< See ReportDetails; empty when there is none.
     std::vector<ElementPair> pairs;     ///< See ReportDetails.
 };

@@ -540,7 +540,8 @@ bool FileCheck::repair_unexpected_element() {
     }
     if (elem->FirstChildElement() != nullptr) {
         XMLElement* root = m_doc->RootElement();
-        if (parent != root && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
+        if (parent != root && is_section(name)
+            && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
             return true;
         }
         std::vector<const XMLElement*> children;
@@ -557,7 +558,23 @@ bool FileCheck::repair_unexpected_element() {
             return true;
         }
     }
+    m_misplaced.push_back(elem);
     return remove_element();
+}
+
+bool FileCheck::is_section(const std::string& name) const {
+    XMLDocument doc;
+    XMLElement* root = doc.NewElement(m_doc->RootElement()->Name());
+    doc.InsertEndChild(root);
+    for (const auto* attribute = m_doc->RootElement()->FirstAttribute(); attribute != nullptr;
+         attribute = attribute->Next()) {
+        root->SetAttribute(attribute->Name(), attribute->Value());
+    }
+    XMLElement* section = doc.NewElement(name.c_str());
+    root->InsertEndChild(section);
+    const Outcome outcome = read_document(doc, m_format, m_overlap);
+    return outcome.loads || outcome.mistakes.front().elem != section
+           || !is_unexpected(outcome.mistakes.front());
 }
 
 bool FileCheck::repair_repeated_element() {
@@ -594,13 +611,18 @@ bool FileCheck::remove_element() {
 
 bool FileCheck::repair_missing_element() {
     XMLElement* parent = editable(m_mistake.elem);
-    const std::string& name = m_mistake.child;
+    if (!m_mistake.parent.empty()
+        && parent->FirstChildElement(m_mistake.parent.c_str()) != nullptr) {
+        parent = parent->FirstChildElement(m_mistake.parent.c_str());
+    }
+    const std::string name = m_mistake.child;
     // It may have been found in another place, or under another name.
     const std::vector<Draft::Aside> asides = m_draft.asides();
     for (auto aside = asides.rbegin(); aside != asides.rend(); ++aside) {
         XMLElement* elem = aside->elem;
         const bool has_name = name == elem->Name();
-        if (m_draft.is_invented(*elem) || (!has_name && aside->parent != parent)) {
+        if (std::find(m_misplaced.begin(), m_misplaced.end(), elem) == m_misplaced.end()
+            || (!has_name && aside->parent != parent)) {
             continue;
         }
         if (attempt(
@@ -619,7 +641,7 @@ bool FileCheck::repair_missing_element() {
     }
     add_finding();
     if (m_has_finding) {
-        add_note(Location(), "<" + name + "> is missing");
+        add_note(m_text->locate(*parent), "<" + name + "> is missing here");
     }
     const XMLElement* model = nullptr;
     for_each_element(m_doc->RootElement(), [&](const XMLElement& elem) {
@@ -846,6 +868,11 @@ bool FileCheck::repair_encoding() {
                 m_draft.write(elem, "encoding", "0");
             },
             [](const Mistake&) { return true; });
+    }
+    if (width < MAX_WIDTH
+        && attempt([&] { m_draft.write(port, WIDTH, std::to_string(MAX_WIDTH)); },
+                   [](const Mistake&) { return true; })) {
+        return true;
     }
     m_mistake.message = "The encoding does not fit in 31 bits.";
     add_finding();

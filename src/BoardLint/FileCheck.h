@@ -94,6 +94,9 @@ private:
     bool repair_encoding();
     bool remove_element();
 
+    /// Whether the reader knows an element of that name below the root.
+    bool is_section(const std::string& name) const;
+
     /// Values that may pass for an attribute, the likeliest first.
     std::vector<std::string> values_for(const XMLElement& elem, const std::string& attribute) const;
     std::string fresh_name();
@@ -126,6 +129,7 @@ private:
     bool m_has_finding = false;          // whether the last finding is about the current mistake
     board::Overlap m_overlap = board::Overlap::Refuse;
     std::vector<XMLElement*> m_inventions;
+    std::vector<XMLElement*> m_misplaced;  // set aside, and perhaps missing elsewhere
     // Attributes added because they were missing, with the index of the finding, if there is one.
     std::map<std::pair<const XMLElement*, std::string>, std::size_t> m_added;
     std::size_t m_work = 0;  // what the readings took

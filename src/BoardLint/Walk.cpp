@@ -71,7 +71,7 @@ public:
         if (m_mistakes.empty() || (m_mistakes.front().rule == SEVERAL && report.rule == SEVERAL)) {
             m_mistakes.push_back({report.rule, report.message, report.elem, report.attribute,
                                   report.is_at_attribute, is_found_on_leaving(report),
-                                  report.accepted, report.child, report.pairs});
+                                  report.accepted, report.parent, report.child, report.pairs});
         }
     }
 
@@ -106,7 +106,7 @@ const XMLElement* closest(const XMLElement* elem, Predicate is_wanted) {
 }
 
 Mistake mistake_behind(const BrokenInvariant& broken, const XMLElement* visited) {
-    Mistake mistake = {"unexpected-element", "", visited, "", true, false, {}, "", {}};
+    Mistake mistake = {"unexpected-element", "", visited, "", true, false, {}, "", "", {}};
     mistake.broken_condition = broken.condition;
     if (broken.condition == STEPS_CONDITION) {
         mistake.elem = closest(visited, [](const XMLElement& elem) {
@@ -137,6 +137,7 @@ Mistake mistake_behind(const BrokenInvariant& broken, const XMLElement* visited)
         mistake.elem = closest(visited, [row](const XMLElement& elem) {
             return elem.FindAttribute(row->attribute) != nullptr;
         });
+        mistake.is_on_leaving = mistake.elem != visited;
         mistake.attribute = row->attribute;
         mistake.accepted = {row->accepted};
     }

@@ -37,6 +37,7 @@ struct Mistake {
     bool is_at_attribute;                    ///< See Report.
     bool is_on_leaving;                      ///< Found only when all children had been read.
     std::vector<std::string> accepted;       ///< See ReportDetails.
+    std::string parent;                      ///< See ReportDetails.
     std::string child;                       ///< See ReportDetails.
     std::vector<xml::ElementPair> pairs;     ///< See ReportDetails.
     const char* broken_condition = nullptr;  ///< Of the assertion on which the tool aborts.

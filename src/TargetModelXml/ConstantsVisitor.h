@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include "Base/ArrayView.h"
 #include "BaseVisitor/BaseVisitor.h"
@@ -113,14 +115,19 @@ protected:
     static constexpr Read text = read<&Queries::query_string_constant, Store>;
 
     /// Reads the constant that `elem` is into `model`; reports an element of any other name.
-    bool read_constant(const XMLElement& elem, Model* model) {
+    /// `sub_model` is the name of an element that may stand there as well.
+    bool read_constant(const XMLElement& elem, Model* model, const char* sub_model = nullptr) {
         for (const Constant& constant : m_constants) {
             if (current_name() == constant.name) {
                 constant.read(this, elem, model);
                 return !m_has_error;
             }
         }
-        return report_unexpected_elem(elem, "", {nullptr, names_of(m_constants)});
+        std::vector<std::string> names = names_of(m_constants);
+        if (sub_model != nullptr) {
+            names.emplace_back(sub_model);
+        }
+        return report_unexpected_elem(elem, "", {nullptr, std::move(names)});
     }
 
     /// Whether each constant has occurred once in the sub-model element `elem`.

@@ -6,6 +6,11 @@
 #include "TargetModelXml/LocalMemFmaxDegradationVisitor.h"
 
 namespace vemo::tmodel::xml {
+namespace {
+
+constexpr const char* FMAX_DEGRADATION = "fmax_degradation";
+
+}  // namespace
 
 // In the order of the final check.
 const LocalMemVisitor::Constant LocalMemVisitor::CONSTANTS[] = {
@@ -30,7 +35,7 @@ bool LocalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fir
     if (is_sub_model_elem()) {
         return visit_local_mem_elem(elem);
     }
-    if (current_name() == "fmax_degradation") {
+    if (current_name() == FMAX_DEGRADATION) {
         return visit_fmax_degradation_elem(elem);
     }
     return visit_constant_elem(elem);
@@ -51,7 +56,8 @@ bool LocalMemVisitor::visit_fmax_degradation_elem(const XMLElement& elem) {
 }
 
 bool LocalMemVisitor::visit_constant_elem(const XMLElement& elem) {
-    return check_constant_elem(elem) && read_constant(elem, &m_tm->get_local_mem_model());
+    return check_constant_elem(elem)
+           && read_constant(elem, &m_tm->get_local_mem_model(), FMAX_DEGRADATION);
 }
 
 bool LocalMemVisitor::VisitExit(const XMLElement& elem) {
