@@ -522,28 +522,34 @@ bool FileCheck::repair_unexpected_element() {
             return true;
         }
     }
-    const XMLNode* parent = elem->Parent();
-    std::vector<std::string> near = near_names(name, m_mistake.accepted);
-    std::stable_partition(near.begin(), near.end(), [parent](const std::string& candidate) {
-        return parent->FirstChildElement(candidate.c_str()) == nullptr;
-    });
-    for (const std::string& candidate : near) {
-        if (attempt([&] { m_draft.rename(elem, candidate); },
-                    [&](const Mistake& next) {
-                        return is_accepted(next)
-                               && !(next.rule == "repeated-element" && next.elem->Parent() == parent
-                                    && candidate == next.elem->Name());
-                    })) {
-            suggest(candidate);
-            return true;
+    const XMLElement* parent = elem->Parent()->ToElement();
+    XMLElement* root = m_doc->RootElement();
+    if (parent != root && is_section(name)
+        && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
+        return true;
+    }
+    const std::vector<std::string> near = near_names(name, m_mistake.accepted);
+    // A name that leaves another child missing is not it, if there is a better one. Nor is one
+    // that the parent has a child of, unless it is very near.
+    for (const bool is_strict : {true, false}) {
+        for (const std::string& candidate : near) {
+            const bool is_there = parent->FirstChildElement(candidate.c_str()) != nullptr;
+            if ((!is_there || is_very_near(name, candidate))
+                && attempt([&] { m_draft.rename(elem, candidate); },
+                           [&](const Mistake& next) {
+                               return is_accepted(next)
+                                      && !(next.rule == "repeated-element"
+                                           && next.elem->Parent() == parent
+                                           && candidate == next.elem->Name())
+                                      && !(is_strict && next.rule == "missing-element"
+                                           && (next.elem == parent || is_there));
+                           })) {
+                suggest(candidate);
+                return true;
+            }
         }
     }
     if (elem->FirstChildElement() != nullptr) {
-        XMLElement* root = m_doc->RootElement();
-        if (parent != root && is_section(name)
-            && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
-            return true;
-        }
         std::vector<const XMLElement*> children;
         for (const XMLElement* child = elem->FirstChildElement(); child != nullptr;
              child = child->NextSiblingElement()) {

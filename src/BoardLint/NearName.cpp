@@ -1,6 +1,7 @@
 #include "BoardLint/NearName.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -12,29 +13,38 @@ constexpr std::size_t MAX_LENGTH = 64;
 
 char to_lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-/// The number of letters to be added, left out, replaced or swapped with their neighbor.
+/// The number of letters to be added, left out, replaced or swapped with their neighbor; between
+/// those that are swapped, others may have been added or left out.
 std::size_t count_slips(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> before_last(b.size() + 1);
-    std::vector<std::size_t> last(b.size() + 1);
-    std::vector<std::size_t> current(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j) {
-        current[j] = j;
-    }
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::swap(before_last, last);
-        std::swap(last, current);
-        current[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const bool is_equal = to_lower(a[i - 1]) == to_lower(b[j - 1]);
-            current[j] =
-                std::min({last[j] + 1, current[j - 1] + 1, last[j - 1] + (is_equal ? 0u : 1u)});
-            if (i > 1 && j > 1 && to_lower(a[i - 1]) == to_lower(b[j - 2])
-                && to_lower(a[i - 2]) == to_lower(b[j - 1])) {
-                current[j] = std::min(current[j], before_last[j - 2] + 1);
+    const std::size_t width = b.size() + 1;
+    std::vector<std::size_t> slips((a.size() + 1) * width);  // between beginnings of a and b
+    std::array<std::size_t, 256> last_row = {};              // of each letter in a
+    for (std::size_t i = 0; i <= a.size(); ++i) {
+        std::size_t last_column = 0;  // in which the letter of the row stands
+        for (std::size_t j = 0; j <= b.size(); ++j) {
+            std::size_t& count = slips[i * width + j];
+            if (i == 0 || j == 0) {
+                count = i + j;
+                continue;
+            }
+            const char letter = to_lower(b[j - 1]);
+            const bool is_equal = to_lower(a[i - 1]) == letter;
+            count = std::min({slips[(i - 1) * width + j] + 1, slips[i * width + j - 1] + 1,
+                              slips[(i - 1) * width + j - 1] + (is_equal ? 0u : 1u)});
+            const std::size_t row = last_row[static_cast<unsigned char>(letter)];
+            if (row > 0 && last_column > 0) {
+                const std::size_t between = (i - row - 1) + (j - last_column - 1);
+                count = std::min(count, slips[(row - 1) * width + last_column - 1] + between + 1);
+            }
+            if (is_equal) {
+                last_column = j;
             }
         }
+        if (i > 0) {
+            last_row[static_cast<unsigned char>(to_lower(a[i - 1]))] = i;
+        }
     }
-    return current[b.size()];
+    return slips.back();
 }
 
 /// How many slips are believable in a name.
@@ -76,6 +86,10 @@ std::vector<std::string> near_names(std::string_view written,
 
 bool is_near(std::string_view written, const std::string& name) {
     return !near_names(written, {name}).empty();
+}
+
+bool is_very_near(std::string_view written, const std::string& name) {
+    return is_near(written, name) && 3 * count_slips(written, name) <= name.size();
 }
 
 }  // namespace vemo::lint

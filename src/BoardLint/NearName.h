@@ -13,4 +13,7 @@ std::vector<std::string> near_names(std::string_view written,
 /// Whether `written` may be a slip of `name`.
 bool is_near(std::string_view written, const std::string& name);
 
+/// The same for one slip in three letters at most.
+bool is_very_near(std::string_view written, const std::string& name);
+
 }  // namespace vemo::lint
