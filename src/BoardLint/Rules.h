@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Base/ArrayView.h"
+#include "BoardLint/Finding.h"
+
+namespace vemo::lint {
+
+/// What there is to know about the findings of one id.
+struct Rule {
+    const char* id;
+    Severity severity;
+    const char* summary;      ///< One sentence without a full stop.
+    const char* explanation;  ///< Sentences: the rule, its reason, and what to do.
+
+    // Examples: an element of one of the three files, with all siblings of its name. "..." stands
+    // for content that does not matter.
+
+    const char* wrong;
+    const char* right;
+};
+
+/// All rules: those of errors, then those of warnings.
+ArrayView<Rule> rules();
+
+/// The rule of that id, or null.
+const Rule* find_rule(std::string_view id);
+
+/// What `--explain` prints about a rule.
+std::string explain(const Rule& rule);
+
+/// All ids, each in a line with severity and summary: tab-separated, for completions and scripts.
+std::string list_rules();
+
+}  // namespace vemo::lint
