@@ -157,7 +157,7 @@ bool BoardVisitor::check_compile_configs() {
         if (has_compile_config) {
             return report_error(
                 "Unexpected compile configuration (<compile>) found in 0.9 board specification.",
-                {"unexpected-compile"});
+                {"compile-before-14.1"});
         }
         m_spec->set_compile_config(new_built_in_flow(), CompileConfig::DEFAULT_CONFIG_NAME);
     } else if (!has_compile_config) {

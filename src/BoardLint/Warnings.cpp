@@ -1,0 +1,619 @@
+#include "BoardLint/Warnings.h"
+
+#include <cctype>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <unordered_map>
+#include <utility>
+
+#include "Base/FilePath.h"
+#include "BaseVisitor/UnsignedNumber.h"
+
+namespace vemo::lint {
+namespace {
+
+using tinyxml2::XMLAttribute;
+using tinyxml2::XMLDocument;
+using tinyxml2::XMLElement;
+using tinyxml2::XMLNode;
+
+constexpr std::uint32_t GREATEST_32 = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint64_t GREATEST_64 = std::numeric_limits<std::uint64_t>::max();
+
+/// The document node counts as a parent without a name.
+bool is_in(const XMLNode& node, std::string_view parent_name) {
+    const XMLElement* parent = node.Parent() == nullptr ? nullptr : node.Parent()->ToElement();
+    return parent != nullptr && parent_name == parent->Name();
+}
+
+std::string quoted(const char* text) { return std::string("'") + text + "'"; }
+
+std::string hex(std::uint64_t number) {
+    char text[sizeof "0xffffffffffffffff"];
+    std::snprintf(text, sizeof text, "0x%llx", static_cast<unsigned long long>(number));
+    return text;
+}
+
+// ==== Numbers ====================================================================================
+
+/// How a reader understands the text of an attribute.
+enum class Number {
+    Count,    // decimal, 32 bits
+    Window,   // by prefix, 32 bits
+    Address,  // by prefix, 64 bits, of which the low 32 are kept
+    Float,
+    Version,  // the leading number
+    Boolean,  // an integer or a word
+};
+
+struct NumberAttribute {
+    const char* name;
+    Number number;
+    const char* only_in = nullptr;  // the element or its parent, where others have that name, too
+};
+
+// The first row that fits counts. Attributes that are not here are texts and words.
+constexpr NumberAttribute NUMBERS[] = {
+    {"num", Number::Count},
+    {"size", Number::Window, "kernel_config"},
+    {"size", Number::Address},
+    {"address", Number::Address},
+    {"width", Number::Count},
+    {"maxburst", Number::Count},
+    {"latency", Number::Count},
+    {"waitrequest", Number::Count},
+    {"waitrequest_allowance", Number::Count},
+    {"bsp_vnmm_write_ack", Number::Count},
+    {"addpipe", Number::Count},
+    {"misc", Number::Count},
+    {"sampling_rate", Number::Float},
+    {"attribute_width", Number::Count},
+    {"encoding", Number::Count},
+    {"max_bandwidth", Number::Float},
+    {"interleaved_bytes", Number::Address},
+    {"config_addr", Number::Address},
+    {"start", Number::Window},
+    {"generic_kernel", Number::Boolean},
+    {"version", Number::Version, "board"},
+    {"expected", Number::Float},
+    {"min", Number::Float},
+    {"high", Number::Float},
+    {"value", Number::Float, "fmax_degradation"},
+    {"value", Number::Float, "global_interconnect"},
+    {"value", Number::Count, "local_mem"},
+    {"value", Number::Count, "delay_model"},
+    {"value", Number::Count, "family_info"},
+};
+
+const NumberAttribute* find_number(const XMLElement& elem, const char* name) {
+    for (const NumberAttribute& row : NUMBERS) {
+        if (std::strcmp(row.name, name) == 0
+            && (row.only_in == nullptr || row.only_in == std::string_view(elem.Name())
+                || is_in(elem, row.only_in))) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+bool is_digit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
+
+bool is_blank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+
+/// Whether no warning about numbers is possible: most texts, and most numbers.
+bool is_harmless(const char* text) {
+    if (!is_digit(*text) && !is_blank(*text) && std::strchr("+-.", *text) == nullptr) {
+        return true;
+    }
+    constexpr std::size_t MAX_DIGITS = 9;
+    const bool is_hex = text[0] == '0' && text[1] == 'x';
+    const char* digits = is_hex ? text + 2 : text;
+    const std::size_t num_digits =
+        std::strspn(digits, is_hex ? "0123456789abcdefABCDEF" : "0123456789");
+    return digits[num_digits] == '\0' && num_digits + (is_hex ? 1 : 0) <= MAX_DIGITS;
+}
+
+/// A number that the XML library or the C library reads from the beginning of a text.
+struct Prefix {
+    std::string value;  // as it is understood
+    const char* rest;   // what is not read; null without a number
+};
+
+Prefix leading_float(const char* text) {
+    float value = 0.0f;
+    int length = 0;
+    if (std::sscanf(text, "%f%n", &value, &length) != 1) {
+        return {"", nullptr};
+    }
+    char number[32];
+    std::snprintf(number, sizeof number, "%g", static_cast<double>(value));
+    return {number, text + length};
+}
+
+Prefix leading_version(const char* text) {
+    char* rest = nullptr;
+    const auto value = static_cast<float>(std::strtod(text, &rest));
+    return {board::number_text(value), rest == text ? nullptr : rest};
+}
+
+Prefix leading_boolean(const char* text) {
+    const char* digits = text + std::strspn(text, " \t\n\v\f\r");
+    const bool is_hex = digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X');
+    unsigned value = 0;
+    int length = 0;
+    if (std::sscanf(text, is_hex ? "%x%n" : "%u%n", &value, &length) != 1) {
+        return {"", nullptr};
+    }
+    return {value == 0 ? "false" : "true", text + length};
+}
+
+// ==== Search =====================================================================================
+
+class Search {
+public:
+    explicit Search(const Package& package) : m_package(package) {}
+
+    std::vector<Finding> run() {
+        if (m_package.board.doc != nullptr) {
+            search_file(m_package.board);
+        } else if (m_package.device_model.doc != nullptr) {
+            search_file(m_package.device_model);
+        } else if (m_package.target_model.doc != nullptr) {
+            search_file(m_package.target_model);
+        }
+        return std::move(m_findings);
+    }
+
+private:
+    /// A warning about elements of one name; null for those of any name.
+    struct Row {
+        const char* element;
+        const char* id;
+        void (Search::*check)(const XMLElement& elem);
+    };
+    static const Row ROWS[];
+
+    template <typename Model>
+    void search_file(const ReadFile<Model>& file) {
+        m_text = file.text;
+        const XMLElement* elem = file.doc->RootElement();
+        while (elem != nullptr) {
+            check(*elem);
+            elem = next_in_document(*elem);
+        }
+    }
+
+    static const XMLElement* next_in_document(const XMLElement& elem) {
+        if (const XMLElement* child = elem.FirstChildElement()) {
+            if (!is_ignored(elem)) {
+                return child;
+            }
+        }
+        for (const XMLNode* node = &elem; node != nullptr; node = node->Parent()) {
+            if (const XMLElement* sibling = node->NextSiblingElement()) {
+                return sibling;
+            }
+        }
+        return nullptr;
+    }
+
+    void check(const XMLElement& elem);
+
+    // Reports with the id of the current row.
+
+    Finding& warn(const Location& location, std::string message) {
+        Finding& finding = m_findings.emplace_back();
+        finding.severity = Severity::Warning;
+        finding.id = m_id;
+        finding.location = location;
+        finding.message = std::move(message);
+        return finding;
+    }
+    Finding& warn(const XMLElement& elem, std::string message) {
+        return warn(m_text->locate(elem), std::move(message));
+    }
+    Finding& warn(const XMLElement& elem, const char* attribute, std::string message) {
+        return warn(value_location(elem, attribute), std::move(message));
+    }
+    Location value_location(const XMLElement& elem, const char* attribute) const {
+        return m_text->locate(elem, attribute, SourceText::Extent::NameAndValue);
+    }
+
+    /// Version of the board file format; that of the newest rules while it is not known.
+    float version() const {
+        const board::BoardSpec* spec = m_package.board.model;
+        return spec == nullptr ? board::BoardSpec::Version_17_0 : static_cast<float>(spec->version);
+    }
+
+    // ---- Any element ----------------------------------------------------------------------------
+
+    void find_text(const XMLElement& elem) {
+        for (const XMLNode* node = elem.FirstChild(); node != nullptr; node = node->NextSibling()) {
+            if (node->ToText() != nullptr) {
+                const char* text = node->Value();
+                while (is_blank(*text)) {
+                    ++text;
+                }
+                if (*text != '\0') {
+                    warn(elem,
+                         std::string("Text in element ") + quoted(elem.Name()) + " is ignored.");
+                    return;
+                }
+            }
+        }
+    }
+
+    void find_bad_numbers(const XMLElement& elem) {
+        for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
+             attribute = attribute->Next()) {
+            if (!is_harmless(attribute->Value())) {
+                if (const NumberAttribute* row = find_number(elem, attribute->Name())) {
+                    check_number(elem, attribute->Name(), attribute->Value(), row->number);
+                }
+            }
+        }
+    }
+
+    void check_number(const XMLElement& elem, const char* name, const char* text, Number number) {
+        std::uint64_t count = 0;
+        xml::unsigned64_hex address;
+        switch (number) {
+            case Number::Count:
+                if (xml::convert_to_unsigned64(text, &count, 10) && count > GREATEST_32) {
+                    warn_too_large(elem, name, GREATEST_32);
+                }
+                break;
+            case Number::Window:
+                if (xml::convert_word(text, &address) && address.value > GREATEST_32) {
+                    warn_too_large(elem, name, GREATEST_32);
+                }
+                break;
+            case Number::Address:
+                if (!xml::convert_word(text, &address)) {
+                    break;
+                }
+                if (address.value == GREATEST_64) {
+                    warn_too_large(elem, name, GREATEST_64);
+                } else if (address.value > GREATEST_32) {
+                    m_id = "dropped-bits";
+                    warn(elem, name,
+                         "Attribute " + quoted(name) + " is more than 32 bits wide: "
+                             + hex(address.value & GREATEST_32) + " is used.");
+                }
+                break;
+            case Number::Float:
+                check_rest(elem, name, leading_float(text));
+                break;
+            case Number::Version:
+                check_rest(elem, name, leading_version(text));
+                break;
+            case Number::Boolean:
+                check_rest(elem, name, leading_boolean(text));
+                break;
+        }
+    }
+
+    void warn_too_large(const XMLElement& elem, const char* name, std::uint64_t value) {
+        m_id = "number-too-large";
+        warn(elem, name,
+             "Attribute " + quoted(name) + " is too large: " + std::to_string(value) + " is used.");
+    }
+
+    void check_rest(const XMLElement& elem, const char* name, const Prefix& prefix) {
+        if (prefix.rest == nullptr
+            || prefix.rest[std::strspn(prefix.rest, " \t\n\v\f\r")] == '\0') {
+            return;
+        }
+        m_id = "partly-read-number";
+        warn(elem, name,
+             "Attribute " + quoted(name) + " is read as " + prefix.value + ": "
+                 + quoted(prefix.rest) + " is ignored.");
+    }
+
+    // ---- Resources ------------------------------------------------------------------------------
+
+    void find_wrapping_alms(const XMLElement& elem) {
+        std::uint32_t num = 0;
+        const char* text = elem.Attribute("num");
+        if (text != nullptr && xml::convert_to_unsigned(text, &num, 10) && num > GREATEST_32 / 2) {
+            warn(elem, "num",
+                 "The number of ALMs is too large: " + std::to_string(2 * num)
+                     + " logic elements are used.");
+        }
+    }
+
+    void find_too_many_resources(const XMLElement& elem) {
+        const board::BoardSpec* spec = m_package.board.model;
+        const dmodel::DeviceModel* dm = m_package.device_model.model;
+        if (spec == nullptr || dm == nullptr || !dm->has_resources() || !spec->has_device_config()
+            || !spec->get_device_config().has_used_resources()) {
+            return;
+        }
+        using dmodel::DeviceResources;
+        struct Kind {
+            const char* elements[2];
+            std::uint32_t DeviceResources::*count;
+            const char* name;
+        };
+        constexpr Kind KINDS[] = {
+            {{"alms", "les"}, &DeviceResources::LEs, "logic elements"},
+            {{"ffs", nullptr}, &DeviceResources::FFs, "flip-flops"},
+            {{"dsps", nullptr}, &DeviceResources::DSPs, "DSP blocks"},
+            {{"rams", nullptr}, &DeviceResources::RAMs, "block RAMs"},
+        };
+        for (const Kind& kind : KINDS) {
+            const std::uint32_t used = spec->get_device_config().get_used_resources().*kind.count;
+            const std::uint32_t available = dm->get_resources().*kind.count;
+            if (used > available) {
+                Finding& finding =
+                    warn(find_counted(elem, kind.elements),
+                         "The board uses " + std::to_string(used) + " " + kind.name
+                             + ", more than the device has: " + std::to_string(available) + ".");
+                add_device_note(kind.elements, &finding);
+            }
+        }
+    }
+
+    /// The last child of one of these names: it counts.
+    static const XMLElement& find_counted(const XMLElement& list, const char* const (&names)[2]) {
+        const XMLElement* counted = &list;
+        for (const XMLElement* child = list.FirstChildElement(); child != nullptr;
+             child = child->NextSiblingElement()) {
+            for (const char* name : names) {
+                if (name != nullptr && std::strcmp(name, child->Name()) == 0) {
+                    counted = child;
+                }
+            }
+        }
+        return *counted;
+    }
+
+    void add_device_note(const char* const (&names)[2], Finding* finding) const {
+        const ReadFile<dmodel::DeviceModel>& file = m_package.device_model;
+        const XMLElement* root = file.doc == nullptr ? nullptr : file.doc->RootElement();
+        const XMLElement* list = root == nullptr ? nullptr : root->FirstChildElement("resources");
+        if (list != nullptr) {
+            finding->notes.push_back(
+                {file.text->locate(find_counted(*list, names)), "the device is described here"});
+        }
+    }
+
+    // ---- Memories -------------------------------------------------------------------------------
+
+    void find_duplicate_memory(const XMLElement& elem) {
+        const char* name = elem.Attribute("name");
+        if (name == nullptr || *name == '\0') {
+            return;
+        }
+        const auto [first, is_new] = m_memories.emplace(name, &elem);
+        if (!is_new) {
+            warn(elem, "name",
+                 "Global memory " + quoted(name)
+                     + " is defined again: a lookup by name finds the last one.")
+                .notes.push_back({value_location(*first->second, "name"), "it is defined here"});
+        }
+    }
+
+    void find_nested_memory(const XMLElement& elem) {
+        if (is_in(elem, "global_mem")) {
+            warn(elem, "A global memory in another one takes over the interfaces that follow.");
+        }
+    }
+
+    void find_unused_interleaving(const XMLElement& elem) {
+        const char* text = elem.Attribute("interleaved_bytes");
+        const XMLElement* first = elem.FirstChildElement("interface");
+        xml::unsigned64_hex bytes;
+        if (text != nullptr && first != nullptr && first->NextSiblingElement("interface") == nullptr
+            && xml::convert_word(text, &bytes) && bytes.value != 0) {
+            warn(elem, "interleaved_bytes",
+                 "Attribute 'interleaved_bytes' has no effect on a memory with one interface.");
+        }
+    }
+
+    void find_wrapping_range(const XMLElement& elem) {
+        const char* address_text = elem.Attribute("address");
+        const char* size_text = elem.Attribute("size");
+        xml::unsigned64_hex address;
+        xml::unsigned64_hex size;
+        if (!is_in(elem, "global_mem") || address_text == nullptr || size_text == nullptr
+            || !xml::convert_word(address_text, &address) || !xml::convert_word(size_text, &size)) {
+            return;
+        }
+        // Each is cut to 32 bits first.
+        const std::uint64_t begin = address.value & GREATEST_32;
+        const std::uint64_t last = begin + (size.value & GREATEST_32) - 1;
+        if (last > GREATEST_32) {
+            warn(elem, "size",
+                 "The address range wraps: it extends from " + hex(begin) + " to " + hex(last)
+                     + ", which is " + hex(last & GREATEST_32) + " in 32 bits.");
+        }
+    }
+
+    // ---- Flows ----------------------------------------------------------------------------------
+
+    bool has_named_flows() const { return version() >= board::BoardSpec::Version_17_0; }
+
+    void find_duplicate_flow(const XMLElement& elem) {
+        const char* name =
+            has_named_flows() ? elem.Attribute("name") : board::CompileConfig::DEFAULT_CONFIG_NAME;
+        if (name == nullptr) {
+            return;
+        }
+        const auto [last, is_new] = m_flows.emplace(name, &elem);
+        if (!is_new) {
+            const XMLElement& replaced = *std::exchange(last->second, &elem);
+            warn(replaced,
+                 "Compile flow " + quoted(name) + " is replaced by a later one of that name.")
+                .notes.push_back({m_text->locate(elem), "the later one is here"});
+        }
+    }
+
+    void find_unusable_flow_name(const XMLElement& elem) {
+        const char* text = has_named_flows() ? elem.Attribute("name") : nullptr;
+        if (text == nullptr) {
+            return;
+        }
+        const std::string_view name = text;
+        if (name.empty()) {
+            warn(elem, "name", "A compile flow with an empty name cannot be selected.");
+        } else if (name.find(':') != std::string_view::npos) {
+            warn(elem, "name",
+                 "Compile flow " + quoted(text) + " cannot be selected: its name has a colon.");
+        } else if (name.find(", ") != std::string_view::npos) {
+            warn(elem, "name",
+                 "The name " + quoted(text) + " looks like several names in a list of flows.");
+        }
+    }
+
+    void find_ignored_name(const XMLElement& elem) {
+        const char* name = elem.Attribute("name");
+        if (!has_named_flows() && name != nullptr
+            && std::strcmp(name, board::CompileConfig::DEFAULT_CONFIG_NAME) != 0) {
+            warn(elem, "name",
+                 "The name " + quoted(name) + " is ignored: before format 17.0, all compile flows "
+                                              "have the name 'default'.");
+        }
+    }
+
+    // ---- Elements without effect ----------------------------------------------------------------
+
+    void find_overridden(const XMLElement& elem) {
+        warn_if_overridden(elem, elem.NextSiblingElement(elem.Name()));
+    }
+
+    /// Of alms and les, the later one counts.
+    void find_overridden_logic(const XMLElement& elem) {
+        const XMLElement* alms = elem.FirstChildElement("alms");
+        const XMLElement* les = elem.FirstChildElement("les");
+        if (alms != nullptr && les != nullptr) {
+            const bool is_les_later = alms->NextSiblingElement("les") == les;
+            warn_if_overridden(is_les_later ? *alms : *les, is_les_later ? les : alms);
+        }
+    }
+
+    void warn_if_overridden(const XMLElement& elem, const XMLElement* later) {
+        if (later != nullptr) {
+            warn(elem, "Element " + quoted(elem.Name()) + " is replaced by a later one.")
+                .notes.push_back({m_text->locate(*later), "the later one is here"});
+        }
+    }
+
+    void find_overridden_port_attributes(const XMLElement& elem) {
+        std::unordered_map<std::string_view, const XMLElement*> attributes;
+        for (const XMLElement* child = elem.FirstChildElement("attribute"); child != nullptr;
+             child = child->NextSiblingElement("attribute")) {
+            if (const char* name = child->Attribute("name")) {
+                const auto [last, is_new] = attributes.emplace(name, child);
+                if (!is_new) {
+                    warn_if_overridden(*std::exchange(last->second, child), child);
+                }
+            }
+        }
+    }
+
+    static bool is_ignored(const XMLElement& elem) {
+        const std::string_view name = elem.Name();
+        if (name == "port") {
+            return is_in(elem, "global_mem");
+        }
+        if (name == "interface") {
+            return is_in(elem, "port");
+        }
+        return name == "attribute" && is_in(elem, "port")
+               && elem.Parent()->ToElement()->Attribute("attribute_width") == nullptr;
+    }
+
+    void find_ignored(const XMLElement& elem) {
+        if (is_ignored(elem)) {
+            const bool needs_width = std::strcmp(elem.Name(), "attribute") == 0;
+            warn(elem, "Element " + quoted(elem.Name()) + " has no effect"
+                           + (needs_width ? " in a port without 'attribute_width'." : " here."));
+        }
+    }
+
+    // ---- Models ---------------------------------------------------------------------------------
+
+    void find_shadowed_device_model(const XMLElement& elem) {
+        find_shadowed_model(elem, "device_model", m_package.device_model.text);
+    }
+
+    void find_shadowed_target_model(const XMLElement& elem) {
+        find_shadowed_model(elem, "target_model", m_package.target_model.text);
+    }
+
+    /// `used` is the model that was found, or null.
+    void find_shadowed_model(const XMLElement& elem, const char* attribute,
+                             const SourceText* used) {
+        const char* name = elem.Attribute(attribute);
+        if (name == nullptr || used == nullptr || used->file() != name
+            || FilePath::is_absolute(name)) {
+            return;
+        }
+        const std::string beside = FilePath::append(FilePath::parent_path(m_text->file()), name);
+        std::error_code failed;
+        if (FilePath::exists(beside) && !std::filesystem::equivalent(name, beside, failed)
+            && !failed) {
+            warn(elem, attribute,
+                 "Model " + quoted(name) + " in the working directory is used, not '" + beside
+                     + "'.");
+        }
+    }
+
+    const Package& m_package;
+    const SourceText* m_text = nullptr;                                  // of the current file
+    const char* m_id = nullptr;                                          // of the current row
+    std::unordered_map<std::string_view, const XMLElement*> m_memories;  // by name, the first
+    std::unordered_map<std::string_view, const XMLElement*> m_flows;     // by name, the last
+    std::vector<Finding> m_findings;
+};
+
+// In this order for each element. The id of a number depends on what is wrong with it.
+const Search::Row Search::ROWS[] = {
+    {nullptr, "ignored-text", &Search::find_text},
+    {nullptr, nullptr, &Search::find_bad_numbers},
+    {"device", "shadowed-model", &Search::find_shadowed_device_model},
+    {"device_model", "shadowed-model", &Search::find_shadowed_target_model},
+    {"used_resources", "too-many-resources", &Search::find_too_many_resources},
+    {"used_resources", "overridden-element", &Search::find_overridden_logic},
+    {"alms", "wrapping-alms", &Search::find_wrapping_alms},
+    {"compile", "duplicate-flow", &Search::find_duplicate_flow},
+    {"compile", "unusable-flow-name", &Search::find_unusable_flow_name},
+    {"compile", "ignored-name", &Search::find_ignored_name},
+    {"generate", "overridden-element", &Search::find_overridden},
+    {"synthesize", "overridden-element", &Search::find_overridden},
+    {"auto_migrate", "overridden-element", &Search::find_overridden},
+    {"include", "overridden-element", &Search::find_overridden},
+    {"exclude", "overridden-element", &Search::find_overridden},
+    {"global_mem", "duplicate-memory", &Search::find_duplicate_memory},
+    {"global_mem", "nested-memory", &Search::find_nested_memory},
+    {"global_mem", "unused-interleaving", &Search::find_unused_interleaving},
+    {"interface", "wrapping-range", &Search::find_wrapping_range},
+    {"interface", "ignored-element", &Search::find_ignored},
+    {"port", "ignored-element", &Search::find_ignored},
+    {"port", "overridden-element", &Search::find_overridden_port_attributes},
+    {"attribute", "ignored-element", &Search::find_ignored},
+};
+
+void Search::check(const XMLElement& elem) {
+    for (const Row& row : ROWS) {
+        if (row.element == nullptr || std::strcmp(row.element, elem.Name()) == 0) {
+            m_id = row.id;
+            (this->*row.check)(elem);
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<Finding> find_warnings(const Package& package) { return Search(package).run(); }
+
+}  // namespace vemo::lint
