@@ -5,15 +5,8 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "Base/InvariantTrap.h"
-#include "BaseVisitor/Report.h"
-#include "BoardLint/SourceText.h"
+#include "BoardLint/PackageCheck.h"
 #include "BoardLint/Warnings.h"
-#include "BoardSpec/DestroyWithPorts.h"
-#include "BoardSpecXml/BoardVisitor.h"
-#include "DeviceModelXml.h"
-#include "DeviceModelXmlLoader.h"
-#include "TargetModelXml/TargetModelVisitor.h"
 #include "Testing.h"
 
 using vemo::lint::Finding;
@@ -32,38 +25,12 @@ std::size_t find_tag(const std::string& text, const std::string& name, std::size
     return offset;
 }
 
-struct Sink : vemo::xml::ReportSink {
-    explicit Sink(std::vector<Finding>* list) : findings(list) {}
-    void report(const vemo::xml::Report& report) override { add(report.rule); }
-    void enter(const tinyxml2::XMLElement&) override {}
-    void add(const std::string& id) {
-        Finding finding;
-        finding.id = id;
-        findings->push_back(finding);
-    }
-    std::vector<Finding>* findings;
-};
-
 /// Changes the working directory for as long as it lives.
 struct WorkingDirectory {
     explicit WorkingDirectory(const std::string& path) { std::filesystem::current_path(path); }
     ~WorkingDirectory() { std::filesystem::current_path(former); }
     std::filesystem::path former = std::filesystem::current_path();
 };
-
-/// Lets a visitor read a document; false when it does not load.
-template <typename Visitor, typename Model, typename... Flags>
-bool read(const tinyxml2::XMLDocument& doc, Model* model, std::vector<Finding>* findings,
-          Flags... flags) {
-    Sink sink(findings);
-    if (doc.Error()) {
-        sink.add("malformed-xml");
-        return false;
-    }
-    Visitor visitor(model, nullptr, false, flags...);
-    visitor.set_report_sink(&sink);
-    return doc.Accept(&visitor);
-}
 
 }  // namespace
 
@@ -121,55 +88,20 @@ LintPackage& LintPackage::change(const std::string& from, const std::string& to)
 }
 
 std::vector<Finding> LintPackage::findings() const {
-    using namespace vemo;
     const TempDir dir;
-    std::string paths[3];
     for (std::size_t i = 0; i < std::size(FILES); ++i) {
         dir.write(FILES[i], files[i]);
-        paths[i] = dir / FILES[i];
     }
     dir.write("teasel/model.xml", files[1]);
     dir.write("model.xml", files[1]);
     const WorkingDirectory inside(dir.path);
 
-    std::vector<Finding> findings;
-    const std::unique_ptr<board::BoardSpec, board::DestroyWithPorts> spec(new board::BoardSpec);
-    dmodel::DeviceModel dm;
-    tmodel::TargetModel tm;
-    tinyxml2::XMLDocument docs[3];
-    for (std::size_t i = 0; i < std::size(docs); ++i) {
-        docs[i].Parse(files[i].c_str());
-    }
-    try {
-        const InvariantTrap trap;
-        if (!read<board::xml::BoardVisitor>(docs[0], spec.get(), &findings, false)) {
-            return findings;
-        }
-        paths[1] = dmodel::DeviceModelXmlLoader().resolve_device_model_file(
-            spec->get_device_config().device_model, paths[0]);
-        if (paths[1].empty()) {
-            Sink(&findings).add("model-not-found");
-            return findings;
-        }
-        if (!read<dmodel::xml::DeviceModelVisitor>(docs[1], &dm, &findings)
-            || !read<tmodel::xml::TargetModelVisitor>(docs[2], &tm, &findings)) {
-            return findings;
-        }
-    } catch (const BrokenInvariant& broken) {
-        Sink(&findings).add(std::string("aborts: ") + broken.condition);
-        return findings;
-    }
-    lint::Sources sources;
-    for (std::size_t i = 0; i < std::size(docs); ++i) {
-        sources.add(paths[i], files[i]).attach(docs[i]);
-    }
-    const lint::ReadFile<board::BoardSpec> board = {sources.find(paths[0]), &docs[0], spec.get()};
-    const lint::ReadFile<dmodel::DeviceModel> device = {sources.find(paths[1]), &docs[1], &dm};
-    const lint::ReadFile<tmodel::TargetModel> target = {sources.find(paths[2]), &docs[2], &tm};
-    for (const lint::Package& package :
-         {lint::Package{board, device, target}, {{}, device, target}, {{}, {}, target}}) {
-        for (Finding& finding : lint::find_warnings(package)) {
-            findings.push_back(std::move(finding));
+    vemo::lint::PackageCheck check(100);
+    check.check(FILES[0]);
+    std::vector<Finding> findings = check.findings();
+    for (const auto& file : check.files()) {
+        for (Finding& warning : vemo::lint::find_warnings(file)) {
+            findings.push_back(std::move(warning));
         }
     }
     return findings;

@@ -20,14 +20,13 @@ public:
     /// Replaces the first `from`, which must be there, in the first file that has it.
     LintPackage& change(const std::string& from, const std::string& to);
 
-    /// What is wrong, as far as the readers tell on their own: all of their reports up to the first
-    /// file that does not load, or the warnings.
+    /// What the checker finds: the errors, then the warnings.
     std::vector<vemo::lint::Finding> findings() const;
 
     /// The ids of the errors, each followed by a blank.
     std::string errors() const;
 
-    /// The warnings, each as "id line:column+length message" in a line.
+    /// The errors as above, and the warnings, each as "id line:column+length message" in a line.
     std::string warnings() const;
 
     std::string files[3];  ///< Texts of board, device model and target model.

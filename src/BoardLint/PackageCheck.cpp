@@ -108,15 +108,15 @@ bool PackageCheck::check(const std::string& path) {
     if (fd == -1) {
         return false;
     }
-    const File* file = check_file(path, fd, nullptr);
+    File* file = check_file(path, fd, nullptr);
     if (file != nullptr) {
         follow(*file);
     }
     return true;
 }
 
-const PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
-                                                   const Format* format) {
+PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
+                                             const Format* format) {
     struct stat status = {};
     fstat(fd, &status);
     if (format != nullptr) {
@@ -164,7 +164,7 @@ const PackageCheck::File* PackageCheck::check_file(const std::string& path, int 
     return &file;
 }
 
-void PackageCheck::follow(const File& file) {
+void PackageCheck::follow(File& file) {
     if (file.format == Format::TargetModel || !m_followed.insert(file.path).second
         || m_findings.size() >= m_max_findings) {
         return;
@@ -181,7 +181,8 @@ void PackageCheck::follow(const File& file) {
                              "");
         return;
     }
-    if (const File* model = check_file(path, fd, &kind.format)) {
+    if (File* model = check_file(path, fd, &kind.format)) {
+        file.model = model;
         follow(*model);
     }
 }

@@ -45,7 +45,8 @@ public:
         Format format;
         const SourceText* text;
         std::unique_ptr<tinyxml2::XMLDocument> doc;
-        std::unique_ptr<FileCheck> check;  ///< Null for a file that could not be parsed.
+        std::unique_ptr<FileCheck> check;
+        const File* model = nullptr;  ///< The model that it leads to, if that could be parsed.
     };
 
     /// All that were.
@@ -55,10 +56,10 @@ private:
     using Key = std::tuple<dev_t, ino_t, Format>;
 
     /// Checks a file that has been opened as `fd`, which is closed. Null if it was not parsed.
-    const File* check_file(const std::string& path, int fd, const Format* format);
+    File* check_file(const std::string& path, int fd, const Format* format);
 
     /// Follows the reference in `file` to a model.
-    void follow(const File& file);
+    void follow(File& file);
     void report_missing_model(const File& file, const std::string& name,
                               const std::vector<std::string>& places, const std::string& reason);
     void add(Finding finding);
@@ -68,7 +69,7 @@ private:
     std::vector<std::string> m_incomplete_files;
     Sources m_sources;
     std::deque<File> m_files;
-    std::map<Key, const File*> m_checked;
+    std::map<Key, File*> m_checked;    // null for a file that could not be parsed
     std::set<std::string> m_followed;  // paths of files
 };
 

@@ -192,16 +192,19 @@ Location SourceText::locate(const XMLElement& elem, std::string_view attribute,
 }
 
 SourceText& Sources::add(const std::string& file, std::string bytes) {
-    const auto found =
-        std::find_if(m_texts.begin(), m_texts.end(),
-                     [&file](const SourceText& text) { return text.file() == file; });
-    return found == m_texts.end() ? m_texts.emplace_back(file, std::move(bytes)) : *found;
+    const std::size_t found = position(file);
+    return found == m_texts.size() ? m_texts.emplace_back(file, std::move(bytes)) : m_texts[found];
 }
 
 const SourceText* Sources::find(std::string_view file) const {
+    const std::size_t found = position(file);
+    return found == m_texts.size() ? nullptr : &m_texts[found];
+}
+
+std::size_t Sources::position(std::string_view file) const {
     const auto found = std::find_if(m_texts.begin(), m_texts.end(),
                                     [file](const SourceText& text) { return text.file() == file; });
-    return found == m_texts.end() ? nullptr : &*found;
+    return static_cast<std::size_t>(found - m_texts.begin());
 }
 
 std::string_view Sources::line(std::string_view file, unsigned number) const {

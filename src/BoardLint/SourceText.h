@@ -79,6 +79,9 @@ public:
     /// Null when there is no such file.
     const SourceText* find(std::string_view file) const;
 
+    /// The number of files added before; that of all files when there is no such file.
+    std::size_t position(std::string_view file) const;
+
     /// SourceText::line of a file; empty when there is no such file.
     std::string_view line(std::string_view file, unsigned number) const;
 

@@ -16,6 +16,8 @@
 
 #include "Base/FilePath.h"
 #include "BaseVisitor/UnsignedNumber.h"
+#include "BoardSpec/BoardSpec.h"
+#include "DeviceModel.h"
 
 namespace vemo::lint {
 namespace {
@@ -159,15 +161,14 @@ Prefix leading_boolean(const char* text) {
 
 class Search {
 public:
-    explicit Search(const Package& package) : m_package(package) {}
+    explicit Search(const PackageCheck::File& file)
+        : m_file(file), m_text(*file.text), m_spec(file.check->models().spec.get()) {}
 
     std::vector<Finding> run() {
-        if (m_package.board.doc != nullptr) {
-            search_file(m_package.board);
-        } else if (m_package.device_model.doc != nullptr) {
-            search_file(m_package.device_model);
-        } else if (m_package.target_model.doc != nullptr) {
-            search_file(m_package.target_model);
+        const XMLElement* elem = m_file.doc->RootElement();
+        while (elem != nullptr) {
+            check(*elem);
+            elem = next_in_document(*elem);
         }
         return std::move(m_findings);
     }
@@ -180,16 +181,6 @@ private:
         void (Search::*check)(const XMLElement& elem);
     };
     static const Row ROWS[];
-
-    template <typename Model>
-    void search_file(const ReadFile<Model>& file) {
-        m_text = file.text;
-        const XMLElement* elem = file.doc->RootElement();
-        while (elem != nullptr) {
-            check(*elem);
-            elem = next_in_document(*elem);
-        }
-    }
 
     static const XMLElement* next_in_document(const XMLElement& elem) {
         if (const XMLElement* child = elem.FirstChildElement()) {
@@ -218,19 +209,13 @@ private:
         return finding;
     }
     Finding& warn(const XMLElement& elem, std::string message) {
-        return warn(m_text->locate(elem), std::move(message));
+        return warn(m_text.locate(elem), std::move(message));
     }
     Finding& warn(const XMLElement& elem, const char* attribute, std::string message) {
         return warn(value_location(elem, attribute), std::move(message));
     }
     Location value_location(const XMLElement& elem, const char* attribute) const {
-        return m_text->locate(elem, attribute, SourceText::Extent::NameAndValue);
-    }
-
-    /// Version of the board file format; that of the newest rules while it is not known.
-    float version() const {
-        const board::BoardSpec* spec = m_package.board.model;
-        return spec == nullptr ? board::BoardSpec::Version_17_0 : static_cast<float>(spec->version);
+        return m_text.locate(elem, attribute, SourceText::Extent::NameAndValue);
     }
 
     // ---- Any element ----------------------------------------------------------------------------
@@ -331,10 +316,9 @@ private:
     }
 
     void find_too_many_resources(const XMLElement& elem) {
-        const board::BoardSpec* spec = m_package.board.model;
-        const dmodel::DeviceModel* dm = m_package.device_model.model;
-        if (spec == nullptr || dm == nullptr || !dm->has_resources() || !spec->has_device_config()
-            || !spec->get_device_config().has_used_resources()) {
+        const dmodel::DeviceModel* dm =
+            m_file.model == nullptr ? nullptr : m_file.model->check->models().dm.get();
+        if (dm == nullptr) {
             return;
         }
         using dmodel::DeviceResources;
@@ -350,7 +334,7 @@ private:
             {{"rams", nullptr}, &DeviceResources::RAMs, "block RAMs"},
         };
         for (const Kind& kind : KINDS) {
-            const std::uint32_t used = spec->get_device_config().get_used_resources().*kind.count;
+            const std::uint32_t used = m_spec->get_device_config().get_used_resources().*kind.count;
             const std::uint32_t available = dm->get_resources().*kind.count;
             if (used > available) {
                 Finding& finding =
@@ -377,13 +361,10 @@ private:
     }
 
     void add_device_note(const char* const (&names)[2], Finding* finding) const {
-        const ReadFile<dmodel::DeviceModel>& file = m_package.device_model;
-        const XMLElement* root = file.doc == nullptr ? nullptr : file.doc->RootElement();
-        const XMLElement* list = root == nullptr ? nullptr : root->FirstChildElement("resources");
-        if (list != nullptr) {
-            finding->notes.push_back(
-                {file.text->locate(find_counted(*list, names)), "the device is described here"});
-        }
+        const XMLElement* resources =
+            m_file.model->doc->RootElement()->FirstChildElement("resources");
+        finding->notes.push_back({m_file.model->text->locate(find_counted(*resources, names)),
+                                  "the device is described here"});
     }
 
     // ---- Memories -------------------------------------------------------------------------------
@@ -440,7 +421,7 @@ private:
 
     // ---- Flows ----------------------------------------------------------------------------------
 
-    bool has_named_flows() const { return version() >= board::BoardSpec::Version_17_0; }
+    bool has_named_flows() const { return m_spec->version >= board::BoardSpec::Version_17_0; }
 
     void find_duplicate_flow(const XMLElement& elem) {
         const char* name =
@@ -453,7 +434,7 @@ private:
             const XMLElement& replaced = *std::exchange(last->second, &elem);
             warn(replaced,
                  "Compile flow " + quoted(name) + " is replaced by a later one of that name.")
-                .notes.push_back({m_text->locate(elem), "the later one is here"});
+                .notes.push_back({m_text.locate(elem), "the later one is here"});
         }
     }
 
@@ -503,7 +484,7 @@ private:
     void warn_if_overridden(const XMLElement& elem, const XMLElement* later) {
         if (later != nullptr) {
             warn(elem, "Element " + quoted(elem.Name()) + " is replaced by a later one.")
-                .notes.push_back({m_text->locate(*later), "the later one is here"});
+                .notes.push_back({m_text.locate(*later), "the later one is here"});
         }
     }
 
@@ -543,22 +524,20 @@ private:
     // ---- Models ---------------------------------------------------------------------------------
 
     void find_shadowed_device_model(const XMLElement& elem) {
-        find_shadowed_model(elem, "device_model", m_package.device_model.text);
+        find_shadowed_model(elem, "device_model");
     }
 
     void find_shadowed_target_model(const XMLElement& elem) {
-        find_shadowed_model(elem, "target_model", m_package.target_model.text);
+        find_shadowed_model(elem, "target_model");
     }
 
-    /// `used` is the model that was found, or null.
-    void find_shadowed_model(const XMLElement& elem, const char* attribute,
-                             const SourceText* used) {
+    void find_shadowed_model(const XMLElement& elem, const char* attribute) {
         const char* name = elem.Attribute(attribute);
-        if (name == nullptr || used == nullptr || used->file() != name
+        if (name == nullptr || m_file.model == nullptr || m_file.model->path != name
             || FilePath::is_absolute(name)) {
             return;
         }
-        const std::string beside = FilePath::append(FilePath::parent_path(m_text->file()), name);
+        const std::string beside = FilePath::append(FilePath::parent_path(m_file.path), name);
         std::error_code failed;
         if (FilePath::exists(beside) && !std::filesystem::equivalent(name, beside, failed)
             && !failed) {
@@ -568,9 +547,10 @@ private:
         }
     }
 
-    const Package& m_package;
-    const SourceText* m_text = nullptr;                                  // of the current file
-    const char* m_id = nullptr;                                          // of the current row
+    const PackageCheck::File& m_file;
+    const SourceText& m_text;
+    const board::BoardSpec* m_spec;  // null unless the file is a board
+    const char* m_id = nullptr;      // of the current row
     std::unordered_map<std::string_view, const XMLElement*> m_memories;  // by name, the first
     std::unordered_map<std::string_view, const XMLElement*> m_flows;     // by name, the last
     std::vector<Finding> m_findings;
@@ -614,6 +594,8 @@ void Search::check(const XMLElement& elem) {
 
 }  // namespace
 
-std::vector<Finding> find_warnings(const Package& package) { return Search(package).run(); }
+std::vector<Finding> find_warnings(const PackageCheck::File& file) {
+    return file.check->loads() ? Search(file).run() : std::vector<Finding>();
+}
 
 }  // namespace vemo::lint
