@@ -130,11 +130,26 @@ _vemo_boardspec() {
     esac
 }
 
+# Offers the option with each rule id; with each of the given severity if there is one.
+_vemo_boardspec_offer_rules() {
+    local option=$1 severity=$2 rules line
+    mapfile -t rules < <(timeout 2 vemo-boardspec-lint --explain=list 2>/dev/null </dev/null)
+    for line in "${rules[@]}"; do
+        [[ $line != *$'\t'"$severity"*$'\t'* ]] || _vemo_boardspec_offer "$option=${line%%$'\t'*}"
+    done
+}
+
 _vemo_boardspec_lint() {
     local words quote kept
     _vemo_boardspec_split_line
     case ${words[-1]} in
-        -*) _vemo_boardspec_offer --help --version ;;
+        --explain=*) _vemo_boardspec_offer_rules --explain ;;
+        --no-warn=*) _vemo_boardspec_offer_rules --no-warn warning ;;
+        -*)
+            _vemo_boardspec_offer --color={always,auto,never} --explain= \
+                --format={github,json,sarif,text} --help --max-findings= --no-warn= --strict --version
+            [[ ${COMPREPLY[*]} != *= ]] || compopt -o nospace
+            ;;
         *) _vemo_boardspec_offer_files ;;
     esac
 }

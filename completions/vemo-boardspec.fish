@@ -51,12 +51,26 @@ function __vemo_boardspec_command_words
     and printf '%s\n' $command(string split ', ' -- $answer | string match -vr '^$|[:[:cntrl:]]')
 end
 
+# The ids of rules with their summaries; those of one severity if it is given.
+function __vemo_boardspec_rules -a severity
+    timeout 2 vemo-boardspec-lint --explain=list 2>/dev/null </dev/null |
+        string replace -rf '^([^\t]*)\t'"$severity"'[^\t]*\t' '$1\t'
+end
+
 complete -c vemo-boardspec -f
 complete -c vemo-boardspec -n '__vemo_boardspec_at_argument 1' -a '(__vemo_boardspec_files)'
 complete -c vemo-boardspec -n '__vemo_boardspec_at_argument 2' -a '(__vemo_boardspec_command_words)'
 
 complete -c vemo-boardspec-lint -f -a '(__vemo_boardspec_files)'
+complete -c vemo-boardspec-lint -l color -x -a 'auto always never' -d 'color the text format'
+complete -c vemo-boardspec-lint -l explain -x -a '(__vemo_boardspec_rules)' \
+    -d 'print what a rule means'
+complete -c vemo-boardspec-lint -l format -x -a 'text json sarif github' -d 'output format'
 complete -c vemo-boardspec-lint -l help -d 'print a usage summary'
+complete -c vemo-boardspec-lint -l max-findings -x -d 'stop after this many findings'
+complete -c vemo-boardspec-lint -l no-warn -x -a '(__vemo_boardspec_rules warning)' \
+    -d 'do not show warnings of a rule'
+complete -c vemo-boardspec-lint -l strict -d 'let warnings count for the exit status'
 complete -c vemo-boardspec-lint -l version -d 'print the version'
 
 complete -c vemo-boardspec-dump -f -a '(__vemo_boardspec_files)'

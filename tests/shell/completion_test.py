@@ -11,22 +11,27 @@ from support import TOOL, arguments, check, home, need, read, source, write
 
 BASH_COMPLETION = "/usr/share/bash-completion/bash_completion"
 BASH = (f". '{home}/lib/vemo-boardspec.bash'; complete -F _vemo_boardspec args;"
-        "complete -F _vemo_boardspec_dump dump")
+        "complete -F _vemo_boardspec_dump dump; complete -F _vemo_boardspec_lint lint")
 SHELLS = {
     "bash": ("bash --norc", BASH),
     "bash-completion": ("bash --norc", f". {BASH_COMPLETION}; " + BASH),
     "zsh": ("zsh -f", f"fpath=('{home}/lib' $fpath); autoload -U compinit;"
             "compinit -u -D; zstyle ':completion:*' insert-tab false;"
-            "compdef _vemo-boardspec args=vemo-boardspec dump=vemo-boardspec-dump"),
+            "compdef _vemo-boardspec args=vemo-boardspec dump=vemo-boardspec-dump"
+            " lint=vemo-boardspec-lint"),
     "fish": ("fish -N", f"source '{home}/lib/vemo-boardspec.fish';"
              "complete -c args -w vemo-boardspec; complete -c dump -w vemo-boardspec-dump;"
+             "complete -c lint -w vemo-boardspec-lint;"
              "function fish_prompt; echo -n 'READY '; end"),
 }
 # Each begins with a character of its own, so that one key and a tab are enough.
 FLOWS = ["1$(touch x)", "2`touch x`", "3 two  blanks", "4'single'", '5"double"', "6\\n\\",
          "7*[a]?{b,c}", "8!!&;|<>#", "9~=@$HOME", "full"]
-CASES = [  # what is typed behind args (behind dump if it is an option), and the words
-    ("--format=j\tbo\t", ["--format=json", "board_spec.xml"]),
+CASES = [  # what is typed behind args, or with one of the companion programs, and the words
+    ("dump --format=j\tbo\t", ["--format=json", "board_spec.xml"]),
+    ("lint --format=s\tbo\t", ["--format=sarif", "board_spec.xml"]),
+    ("lint --explain=a-e\t", ["--explain=a-error"]),
+    ("lint --no-warn=a-\tbo\t", ["--no-warn=a-warning", "board_spec.xml"]),
     ("bo\tnumglo\t", ["board_spec.xml", "numglobalmems"]),
     ("su\tbo\tname", ["sub/board_spec.xml", "name"]),
     ("~/su\tbo\tname", [home + "/sub/board_spec.xml", "name"]),
@@ -63,9 +68,11 @@ os.mkdir("sub")
 os.mkdir("bin")
 for path in ["board_spec.xml", "co:lon.xml", "$(touch x).xml", "sub/board_spec.xml"]:
     write(path, board.replace(flow_elem, flow_elems))
-for program in ["bin/args", "bin/dump"]:
+for program in ["bin/args", "bin/dump", "bin/lint"]:
     write(program, '#!/bin/sh\nprintf "%s\\0" "$@" >record\n')
 write("bin/vemo-boardspec", f'#!/bin/sh\n[ "$1" != slow.xml ] || exec sleep 60\nexec {TOOL} "$@"\n')
+write("bin/vemo-boardspec-lint", "#!/bin/sh\nprintf 'a-%s\\t%s\\tAn %s\\n' error error error "
+                                 "warning warning warning\n")
 
 os.environ.update(HOME=home, PATH=f"{home}/bin:{os.environ['PATH']}", PS1="READY ", TERM="xterm")
 pid, terminal = pty.fork()
@@ -73,6 +80,6 @@ if pid == 0:
     os.execvp(command.split()[0], command.split() + ["-i"])
 words_of(setup + "; args", terminal)
 for typed, expected in CASES:
-    line = ("dump " if typed.startswith("-") else "args ") + typed
+    line = typed if typed.startswith(("dump ", "lint ")) else "args " + typed
     check(repr(typed), words_of(line, terminal), expected)
 check("something was executed", os.path.exists("x"), False)
