@@ -1,31 +1,37 @@
-"""An editor, which is the argument, finds in what the tool prints the faults that are there, with
-file and line."""
+"""An editor, which is the argument, finds in what the checker prints the faults that are there, with
+file, line, column and severity."""
 
 import json
+import os
 import re
+import shlex
 import shutil
 
-from support import TOOL, arguments, check, need, read, run, source, write
+from support import arguments, check, need, read, run, source, tool, write
 
-# A piece of the board file, what takes its place, and the faults: file, line (0: none), message.
+LINT = shlex.quote(os.path.join(os.path.dirname(tool), "vemo-boardspec-lint"))
+# A piece of the board file, what takes its place, and the faults: file, line and column (0: none),
+# severity, message and id.
 CASES = [
-    ("<host>", "<host>\n<b/>", [["b c.xml", 59, "Unexpected element 'b'."]]),
-    ("<host>", '<host a="1"\nb="2">', [["b c.xml", 58, "Unexpected attribute 'a'."],
-                                       ["b c.xml", 59, "Unexpected attribute 'b'."]]),
-    ("<interfaces>.*?</interfaces>", "", [
-        ["b c.xml", 0, "Missing interface configuration (<interfaces>) in board specification."]]),
-    ("<host>", "<hots>", [["b c.xml", 58, "XML_ERROR_MISMATCHED_ELEMENT"]]),
-    (".*", "", [["b c.xml", 0, "XML_ERROR_EMPTY_DOCUMENT"]]),
-    ("pb3180.xml", "nosuch.xml", [["nosuch.xml", 0, "XML_ERROR_FILE_NOT_FOUND"]]),
-    ("pb3180.xml", "./peltrab.xml", [["./peltrab.xml", 2, "Unexpected element 'target_model'."]]),
-    ("$", "", [["", 0, "Could not find the BSP nosuch in board_spec.xml!"]]),
+    ("<host>", '<host a="1"\nb="2">', [
+        ["b c.xml", 58, 9, "error", "Unexpected attribute 'a'.", "unknown-attribute"],
+        ["b c.xml", 59, 1, "error", "Unexpected attribute 'b'.", "unknown-attribute"]]),
+    ("34128", "34128 MB/s", [
+        ["b c.xml", 35, 48, "warning",
+         "Attribute 'max_bandwidth' is read as 34128: ' MB/s' is ignored.", "partly-read-number"]]),
+    ("</board>", "", [["b c.xml", 3, 0, "error", "XML error: .*", "malformed-xml"]]),
+    (".*", "", [["b c.xml", 0, 0, "error", "XML error: .*", "malformed-xml"]]),
+    ("pb3180.xml", "nosuch.xml", [
+        ["b c.xml", 6, 11, "error", "Cannot find the device model 'nosuch.xml'.",
+         "model-not-found"]]),
+    ("$", "", []),
 ]
 MATCHERS = json.loads(read(source + "/editors/vscode/tasks.json"))["tasks"][0]["problemMatcher"]
 VIM = "vim -es -u NONE -i NONE --cmd 'set nocp rtp^=./vim' -S script"
 write("script", """compiler vemo-boardspec
 cgetfile output
 let valid = filter(getqflist(), 'v:val.valid')
-let entries = map(valid, '[bufname(v:val.bufnr), v:val.lnum, trim(v:val.text)]')
+let entries = map(valid, '[bufname(v:val.bufnr), v:val.lnum, v:val.col, v:val.type, v:val.text]')
 call writefile([json_encode(entries)], 'entries')
 quitall!
 """)
@@ -34,35 +40,41 @@ quitall!
 def vim(output):
     write("output", output)
     check(VIM, run(VIM), (0, ""))
-    return json.loads(read("entries"))
+    severities = {"e": "error", "w": "warning", "n": "note"}
+    return [[file, line, column, severities[letter],
+             *re.fullmatch(r"(.*?)(?: \[(.*)\])?", text).groups()]
+            for file, line, column, letter, text in json.loads(read("entries"))]
 
 
 def vscode(output):
-    """Applies matchers of two patterns to pairs of lines. A line belongs to one match."""
-    problems, first = [], ""
-    for second in output.splitlines():
-        for patterns in (matcher["pattern"] for matcher in MATCHERS):
-            matches = [re.search(pattern["regexp"], line)
-                       for pattern, line in zip(patterns, [first, second])]
-            if all(matches):
-                found = {key: match[pattern[key]] for pattern, match in zip(patterns, matches)
-                         for key in ("file", "line", "message") if key in pattern}
-                problems.append([found["file"], int(found.get("line", 0)), found["message"]])
-                second = ""
+    problems = []
+    for line in output.splitlines():
+        for pattern in (matcher["pattern"] for matcher in MATCHERS):
+            match = re.search(pattern["regexp"], line)
+            if match:
+                found = {key: match[group] for key, group in pattern.items()
+                         if isinstance(group, int)}
+                problems.append([found["file"], int(found.get("line", 0)),
+                                 int(found.get("column") or 0), found["severity"],
+                                 found["message"], found["code"]])
                 break
-        first = second
     return problems
+
+
+def matches(found, fault):
+    return found[:4] + found[5:] == fault[:4] + fault[5:] and re.fullmatch(
+        fault[4] if ".*" in fault[4] else re.escape(fault[4]), found[4])
 
 
 shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
 shutil.copytree(source + "/editors/vim", "vim")
-editor, = arguments
-if editor == "vim":
+if arguments == ["vim"]:
     need("vim")
+editor = {"vim": vim, "vscode": vscode}[arguments[0]]
 for piece, replacement, faults in CASES:
     write("b c.xml", re.sub(piece, replacement, read("board_spec.xml"), count=1, flags=re.S))
-    printed = run(f"{TOOL} 'b c.xml' name:nosuch")[1]
-    if editor == "vim":
-        check(printed, vim(printed), faults)
-    else:  # to which a fault without a file is no problem
-        check(printed, vscode(printed), [fault for fault in faults if fault[0]])
+    status, printed = run(f"{LINT} 'b c.xml'")
+    check(f"status {status}", status, 1 if any("error" in fault for fault in faults) else 0)
+    problems = [problem for problem in editor(printed) if problem[3] != "note"]
+    right = len(problems) == len(faults) and all(map(matches, problems, faults))
+    check(f"{printed}{problems}", right, True)

@@ -1,5 +1,5 @@
 " Vim compiler file
-" Compiler: vemo-boardspec, for the board file in the current buffer
+" Compiler: vemo-boardspec-lint, for the file of a board package in the current buffer
 " Copy this file to ~/.vim/compiler, then run ":compiler vemo-boardspec" and ":make".
 
 if exists('current_compiler')
@@ -7,17 +7,15 @@ if exists('current_compiler')
 endif
 let current_compiler = 'vemo-boardspec'
 
-CompilerSet makeprg=vemo-boardspec\ %:S\ name
+CompilerSet makeprg=vemo-boardspec-lint\ %:S
 
-" An error with a location has two lines, the location and the message, and ends at the line "Failed
-" to load". Without a preceding error, that line is the message.
-CompilerSet errorformat=%EError\ in\ '%f'\\,\ line\ %l,
-      \%EError\ in\ '%f':,
-      \%EXML\ error:\ %m\\,\ Error=%.%#\ Line\ number=%l%.%#,
-      \%ZError:\ Failed\ to\ load\ xml\ file:\ %f,
-      \%EError:\ Failed\ to\ load\ xml\ file:\ %f,
-      \%+ZMake\ sure\ %.%#,
-      \%GError:\ %m,
-      \%-GERROR\ FOUND:%.%#,
-      \%f:%l:\ %m,
-      \%C%m
+" Column, or line and column, may be missing. Notes belong to the finding above them.
+CompilerSet errorformat=%f:%l:%c:\ %trror:\ %m,
+      \%f:%l:%c:\ %tarning:\ %m,
+      \%f:%l:%c:\ %tote:\ %m,
+      \%f:%l:\ %trror:\ %m,
+      \%f:%l:\ %tarning:\ %m,
+      \%f:%l:\ %tote:\ %m,
+      \%f:\ %trror:\ %m,
+      \%f:\ %tarning:\ %m,
+      \%-G%.%#
