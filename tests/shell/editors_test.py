@@ -9,7 +9,7 @@ import shutil
 
 from support import arguments, check, need, read, run, source, tool, write
 
-LINT = shlex.quote(os.path.join(os.path.dirname(tool), "vemo-boardspec-lint"))
+LINT = os.path.join(os.path.dirname(tool), "vemo-boardspec-lint")
 # A piece of the board file, what takes its place, and the faults: file, line and column (0: none),
 # severity, message and id.
 CASES = [
@@ -68,12 +68,11 @@ def matches(found, fault):
 
 shutil.copytree(source + "/examples/teasel", ".", dirs_exist_ok=True)
 shutil.copytree(source + "/editors/vim", "vim")
-if arguments == ["vim"]:
-    need("vim")
+need(LINT, *["vim"] * (arguments == ["vim"]))
 editor = {"vim": vim, "vscode": vscode}[arguments[0]]
 for piece, replacement, faults in CASES:
     write("b c.xml", re.sub(piece, replacement, read("board_spec.xml"), count=1, flags=re.S))
-    status, printed = run(f"{LINT} 'b c.xml'")
+    status, printed = run(f"{shlex.quote(LINT)} 'b c.xml'")
     check(f"status {status}", status, 1 if any("error" in fault for fault in faults) else 0)
     problems = [problem for problem in editor(printed) if problem[3] != "note"]
     right = len(problems) == len(faults) and all(map(matches, problems, faults))
