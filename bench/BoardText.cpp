@@ -15,7 +15,8 @@ constexpr std::string_view HEAD = R"(<board version="17.1" name="large">
 )";
 
 constexpr std::string_view MEMORY = R"(<global_mem name="mem#" max_bandwidth="34128">
-<interface name="shell" port="mem#" type="slave" width="512" maxburst="16" address="0x#000" size="0x1000"/>
+<interface name="shell" port="mem#" type="slave" width="512" maxburst="16" address="0x#000"
+           size="0x1000"/>
 </global_mem>
 )";
 
@@ -24,7 +25,8 @@ constexpr std::string_view CHANNEL =
 )";
 
 constexpr std::string_view FLOW =
-    R"(<compile name="flow#" project="top" revision="rev#" lomb_file="shell.lomb" generic_kernel="1">
+    R"(<compile name="flow#" project="top" revision="rev#" lomb_file="shell.lomb"
+         generic_kernel="1">
 <generate cmd="kitforge --component-file=shell.lomb"/>
 <synthesize cmd="fendra_sh --flow compile top"/>
 <auto_migrate platform_type="none"/></compile>
