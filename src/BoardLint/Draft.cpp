@@ -8,7 +8,8 @@ using tinyxml2::XMLAttribute;
 using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 
-Draft::Draft(tinyxml2::XMLDocument* doc) : m_doc(doc), m_shelf(doc->NewElement("shelf")) {}
+Draft::Draft(tinyxml2::XMLDocument* doc)
+    : m_doc(doc), m_shelf(doc->NewElement("shelf")), m_parking(doc->NewElement("parking")) {}
 
 template <typename Value>
 void Draft::note(std::map<Key, Value>* notes, const Key& key, const Value& value) {
@@ -122,6 +123,37 @@ void Draft::roll_back(std::size_t size) {
         m_undo.back()();
         m_undo.pop_back();
     }
+}
+
+void Draft::park_before(const XMLElement& elem) {
+    keep_edits();
+    for (const XMLNode* around = &elem; around->Parent() != nullptr; around = around->Parent()) {
+        const XMLNode* parent = around->Parent();
+        std::string name;  // of the last one that has stayed
+        XMLNode* node = const_cast<XMLNode*>(parent->FirstChild());
+        while (node != around) {
+            XMLNode* next = node->NextSibling();
+            if (node->ToElement() != nullptr && name == node->Value()) {
+                m_parked.push_back({node->ToElement(), node->Parent(), node->PreviousSibling()});
+                m_parking->InsertEndChild(node);
+            } else if (node->ToElement() != nullptr) {
+                name = node->Value();
+            }
+            node = next;
+        }
+    }
+}
+
+bool Draft::unpark() {
+    const bool has_parked = !m_parked.empty();
+    keep_edits();
+    for (; !m_parked.empty(); m_parked.pop_back()) {
+        const Parked& parked = m_parked.back();
+        const bool has_stayed =
+            parked.previous != nullptr && parked.previous->Parent() == parked.parent;
+        place(parked.elem, parked.parent, has_stayed ? parked.previous : nullptr);
+    }
+    return has_parked;
 }
 
 bool Draft::is_invented(const XMLElement& elem) const {

@@ -53,6 +53,18 @@ public:
     /// Takes back all edits but the first `size`.
     void roll_back(std::size_t size);
 
+    /// Makes all edits so far final.
+    void keep_edits() { m_undo.clear(); }
+
+    // Readings of a large document take less time without elements that have been found good.
+    // Neither of the two can be taken back, and all edits before become final.
+
+    /// Takes out elements before `elem`: of several with a name in one parent, all but the first.
+    void park_before(const XMLElement& elem);
+
+    /// Puts them back in their places. False when there were none.
+    bool unpark();
+
     // What is the author's.
 
     /// Whether the element, or one that it stands in, was invented.
@@ -92,6 +104,15 @@ private:
     std::map<Key, bool> m_is_written;
     std::map<Key, std::string> m_original_names;
     std::vector<std::function<void()>> m_undo;
+
+    /// An element that is parked, and where it stood.
+    struct Parked {
+        XMLElement* elem;
+        tinyxml2::XMLNode* parent;
+        tinyxml2::XMLNode* previous;
+    };
+    XMLElement* m_parking;  // like m_shelf
+    std::vector<Parked> m_parked;
 };
 
 }  // namespace vemo::lint

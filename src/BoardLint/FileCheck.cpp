@@ -19,6 +19,9 @@ using vemo::xml::ElementPair;
 constexpr std::size_t MAX_WORK = 20'000'000;
 constexpr std::size_t WORK_OF_READING = 1000;
 
+// A reading that takes more elements is made to take less.
+constexpr std::size_t MAX_ENTERED = 1000;
+
 // An element with more unknown attributes loses them unlooked at.
 constexpr std::size_t MAX_RENAMED_ATTRIBUTES = 16;
 
@@ -168,8 +171,22 @@ void FileCheck::run(std::size_t max_findings) {
         return;
     }
     m_text->attach(*m_doc);
-    while (!m_outcome.loads && m_findings.size() < m_max_findings && m_work < MAX_WORK) {
+    while (m_findings.size() < m_max_findings && m_work < MAX_WORK) {
+        // Rules on several elements need all of them.
+        if (m_outcome.loads || !m_outcome.mistakes.front().pairs.empty()) {
+            if (m_draft.unpark()) {
+                read();
+                continue;
+            }
+            if (m_outcome.loads) {
+                break;
+            }
+        }
         m_mistake = m_outcome.mistakes.front();
+        if (m_outcome.num_entered > MAX_ENTERED && m_mistake.elem != nullptr
+            && m_mistake.pairs.empty()) {
+            m_draft.park_before(*m_mistake.elem);
+        }
         m_found_along = std::move(m_outcome.mistakes);
         m_has_finding = false;
         if (!repair()) {
@@ -609,7 +626,7 @@ bool FileCheck::remove_element() {
     if (!m_has_finding) {
         add_finding();
     }
-    if (elem->Parent()->ToElement() == nullptr) {
+    if (elem == m_doc->RootElement()) {
         return false;
     }
     return attempt([&] { m_draft.set_aside(elem); }, [](const Mistake&) { return true; });

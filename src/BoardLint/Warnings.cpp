@@ -318,8 +318,8 @@ private:
     void find_too_many_resources(const XMLElement& elem) {
         const dmodel::DeviceModel* dm =
             m_file.model == nullptr ? nullptr : m_file.model->check->models().dm.get();
-        if (dm == nullptr) {
-            return;
+        if (dm == nullptr || !dm->has_resources()) {
+            return;  // a file without an element loads, too
         }
         using dmodel::DeviceResources;
         struct Kind {
