@@ -21,12 +21,12 @@ set(vemo_programs vemo-boardspec)
 if(VEMO_BUILD_DUMP)
     list(APPEND vemo_programs vemo-boardspec-dump)
 endif()
+if(VEMO_BUILD_LINT)
+    list(APPEND vemo_programs vemo-boardspec-lint)
+endif()
 install(TARGETS ${vemo_programs} vemo-boardspec-lib
     EXPORT vemo-boardspec-targets
     FILE_SET HEADERS DESTINATION "${vemo_include_dir}")
-
-vemo_install_text(PROGRAMS "${CMAKE_INSTALL_BINDIR}" programs/vemo-boardspec-lint)
-list(APPEND vemo_programs vemo-boardspec-lint)
 
 # The CMake package.
 install(EXPORT vemo-boardspec-targets NAMESPACE vemo:: DESTINATION "${vemo_package_dir}")

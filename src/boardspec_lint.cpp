@@ -152,7 +152,7 @@ void declare(CLI::App& app, Options& options) {
     app.add_flag("--strict", options.is_strict, "Let warnings count for the exit status");
     app.add_option("--no-warn", options.unwanted_warnings, "Do not show warnings of this ID")
         ->option_text("ID")
-        ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     app.add_option("--explain", options.rule_to_explain,
                    "Print what findings of this ID mean and exit; \"list\" prints all IDs")

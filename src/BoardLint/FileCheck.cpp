@@ -996,6 +996,10 @@ Reference FileCheck::reference() const {
     if (m_other_version != nullptr) {
         return m_other_version->reference();
     }
+    // A file without an element loads, too, and refers to the model of an empty name.
+    if (m_loads && m_format == Format::DeviceModel) {
+        return {true, models().dm->target_model};
+    }
     const auto [elem, attribute] = referrer();
     return elem == nullptr ? Reference() : Reference{true, text_of(*elem, attribute)};
 }
@@ -1007,9 +1011,6 @@ Location FileCheck::locate_reference() const {
     const auto [elem, attribute] = referrer();
     if (elem == nullptr) {
         return m_text->whole();
-    }
-    if (m_loads) {
-        m_text->attach(*m_doc);
     }
     return locate(*elem, attribute);
 }

@@ -30,17 +30,21 @@ struct ModelKind {
 constexpr ModelKind DEVICE_MODEL = {Format::DeviceModel, "device model", "dm"};
 constexpr ModelKind TARGET_MODEL = {Format::TargetModel, "target model", "tm"};
 
+bool is_regular_file(int fd) {
+    struct stat status = {};
+    return fstat(fd, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 /// The contents of a regular file; nothing if it is none or cannot be read.
 std::optional<std::string> read_bytes(int fd) {
-    struct stat status = {};
-    if (fstat(fd, &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (!is_regular_file(fd)) {
         return std::nullopt;
     }
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    std::string bytes;
     std::size_t size = 0;
     while (true) {
         if (size == bytes.size()) {
-            bytes.resize(size + 4096);  // the file may have grown; and its end has to be seen
+            bytes.resize(2 * size + 65536);
         }
         const ssize_t count = read(fd, bytes.data() + size, bytes.size() - size);
         if (count < 0 && errno == EINTR) {
@@ -176,32 +180,31 @@ void PackageCheck::follow(File& file) {
     }
     const std::string path = find_model(kind, reference.name, file.path);
     const int fd = path.empty() ? -1 : open_for_reading(path.c_str());
-    if (fd == -1) {
-        report_missing_model(file, reference.name, search_places(kind, reference.name, file.path),
-                             "");
-        return;
-    }
-    if (File* model = check_file(path, fd, &kind.format)) {
-        file.model = model;
-        follow(*model);
-    }
-}
-
-void PackageCheck::report_missing_model(const File& file, const std::string& name,
-                                        const std::vector<std::string>& places,
-                                        const std::string&) {
-    const ModelKind& kind = file.format == Format::Board ? DEVICE_MODEL : TARGET_MODEL;
     Finding finding;
     finding.id = "model-not-found";
+    if (fd == -1) {
+        finding.message =
+            std::string("Cannot find the ") + kind.name + " '" + reference.name + "'.";
+        for (const std::string& place : search_places(kind, reference.name, file.path)) {
+            finding.notes.push_back({Location(), "tried '" + place + "'"});
+        }
+        if (!FilePath::is_absolute(reference.name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
+            finding.notes.push_back({Location(), std::string("not searched in a development kit: ")
+                                                     + SDK_ROOT_VARIABLE + " is not set"});
+        }
+    } else if (!is_regular_file(fd)) {
+        close(fd);
+        finding.message =
+            std::string("Cannot read the ") + kind.name + " '" + reference.name + "'.";
+        finding.notes.push_back({Location(), "'" + path + "' is not a regular file"});
+    } else {
+        file.model = check_file(path, fd, &kind.format);
+        if (file.model != nullptr) {
+            follow(*file.model);
+        }
+        return;
+    }
     finding.location = file.check->locate_reference();
-    finding.message = std::string("Cannot find the ") + kind.name + " '" + name + "'.";
-    for (const std::string& place : places) {
-        finding.notes.push_back({Location(), "tried '" + place + "'"});
-    }
-    if (!FilePath::is_absolute(name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
-        finding.notes.push_back({Location(), std::string(SDK_ROOT_VARIABLE)
-                                                 + " is not set: no development kit was searched"});
-    }
     add(std::move(finding));
 }
 

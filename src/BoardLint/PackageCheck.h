@@ -46,7 +46,7 @@ public:
         const SourceText* text;
         std::unique_ptr<tinyxml2::XMLDocument> doc;
         std::unique_ptr<FileCheck> check;
-        const File* model = nullptr;  ///< The model that it leads to, if that could be parsed.
+        File* model = nullptr;  ///< The model that it leads to, if that could be parsed.
     };
 
     /// All that were.
@@ -60,8 +60,6 @@ private:
 
     /// Follows the reference in `file` to a model.
     void follow(File& file);
-    void report_missing_model(const File& file, const std::string& name,
-                              const std::vector<std::string>& places, const std::string& reason);
     void add(Finding finding);
 
     std::size_t m_max_findings;

@@ -101,7 +101,7 @@ std::string_view SourceText::line(unsigned number) const {
     return text;
 }
 
-void SourceText::find_tags() {
+void SourceText::find_tags() const {
     const std::string_view text(m_bytes.c_str());  // up to the first NUL, as the XML library reads
     unsigned line_number = 1;
     std::size_t counted = 0;  // line ends before here are in line_number
@@ -129,7 +129,15 @@ void SourceText::find_tags() {
     }
 }
 
-void SourceText::attach(const tinyxml2::XMLDocument& doc) {
+const SourceText::Tag* SourceText::tag_of(const XMLElement& elem) const {
+    if (!m_is_attached) {
+        attach(*elem.GetDocument());
+    }
+    return static_cast<const Tag*>(elem.GetUserData());
+}
+
+void SourceText::attach(const tinyxml2::XMLDocument& doc) const {
+    m_is_attached = true;
     if (m_tags.empty()) {
         find_tags();
     }

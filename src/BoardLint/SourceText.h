@@ -26,8 +26,9 @@ public:
     std::string_view line(unsigned number) const;
 
     /// Finds the elements of `doc`, which must have been parsed from these bytes and not been
-    /// changed since. Takes over the user data of its elements.
-    void attach(const tinyxml2::XMLDocument& doc);
+    /// changed since. Takes over the user data of its elements. The first call of `locate` does
+    /// that, too, unless it has been done: needed only for a document that is to be changed.
+    void attach(const tinyxml2::XMLDocument& doc) const;
 
     // Places. The element may belong to the document attached or not: then, and where the text
     // is not as expected, the location has the line alone, as far as the XML library knows it.
@@ -52,12 +53,10 @@ private:
     };
 
     /// Fills m_tags with the start tags, in the order of the text.
-    void find_tags();
+    void find_tags() const;
 
     /// The tag of an element; null if it is not known.
-    static const Tag* tag_of(const tinyxml2::XMLElement& elem) {
-        return static_cast<const Tag*>(elem.GetUserData());
-    }
+    const Tag* tag_of(const tinyxml2::XMLElement& elem) const;
 
     /// The characters from `begin` up to `end`, as far as they stand in the line `line`, in which
     /// `begin` stands.
@@ -65,7 +64,8 @@ private:
 
     std::string m_file;
     std::string m_bytes;
-    std::vector<Tag> m_tags;  // user data of elements points here
+    mutable bool m_is_attached = false;
+    mutable std::vector<Tag> m_tags;  // user data of elements points here
     mutable std::vector<std::size_t>
         m_line_offsets;  // of the beginnings of lines; made when needed
 };

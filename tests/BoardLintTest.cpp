@@ -1,0 +1,315 @@
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "BoardLint/PackageCheck.h"
+#include "BoardPackage/BoardPackage.h"
+#include "LintPackage.h"
+#include "Testing.h"
+
+namespace {
+
+using vemo::lint::Finding;
+using vemo::lint::PackageCheck;
+using vemo::lint::Severity;
+
+using Edits = std::vector<std::pair<std::string, std::string>>;
+
+LintPackage package_with(const Edits& edits) {
+    LintPackage package;
+    for (const auto& [from, to] : edits) {
+        package.change(from, to);
+    }
+    return package;
+}
+
+/// The errors, each as "file:line:column id" and the suggestion, if there is one, in a line.
+std::string places(const std::vector<Finding>& findings) {
+    std::string lines;
+    for (const Finding& finding : findings) {
+        if (finding.severity == Severity::Error) {
+            const auto& place = finding.location;
+            lines += place.file.substr(place.file.rfind('/') + 1) + ":" + std::to_string(place.line)
+                     + ":" + std::to_string(place.column) + " " + finding.id
+                     + (finding.suggestion.empty() ? "" : " " + finding.suggestion) + "\n";
+        }
+    }
+    return lines;
+}
+
+struct Mistakes {
+    Edits edits;
+    std::string places;
+};
+
+void expect_places(const std::vector<Mistakes>& cases) {
+    for (const auto& [edits, expected] : cases) {
+        EXPECT_EQ(places(package_with(edits).findings()), expected) << edits[0].second;
+    }
+}
+
+const std::string SYNTHESIZE =
+    R"(<synthesize cmd="fendra_sh --flow compile teasel --revision=teasel_all"/>)";
+
+TEST(BoardLint, NamesEachKindOfMistake) {
+    expect_places({
+        {{{"max_bandwidth=\"34", "max_bandwith=\"34"}},
+         "board_spec.xml:35:48 unknown-attribute max_bandwidth\n"},
+        {{{"<alms num", "<alms color=\"1\" num"}}, "board_spec.xml:8:13 unknown-attribute\n"},
+        {{{"<alms num=\"46200\"", "<alms"}}, "board_spec.xml:8:7 missing-attribute\n"},
+        // An absence that is noticed before the misspelt name, which is in another line here.
+        {{{"address=\"0x4", "adress=\"0x4"}}, "board_spec.xml:39:5 missing-attribute address\n"},
+        {{{"num=\"46200\"", "num=\"many\""}}, "board_spec.xml:8:13 wrong-type\n"},
+        {{{"\"fixed\"", "\"Fixed\""}}, "board_spec.xml:47:68 unknown-word fixed\n"},
+        {{{"\"slave\" width=\"128\"", "\"irq\" width=\"128\""}},
+         "board_spec.xml:46:29 wrong-interface-type\n"},
+        {{{"<host>", "<hots>"}, {"</host>", "</hots>"}},
+         "board_spec.xml:58:3 unexpected-element host\n"},
+        {{{"<host>", "<notes><x/></notes><host>"}}, "board_spec.xml:58:3 unexpected-element\n"},
+        {{{"<ffs num=\"98700\"/>", ""}}, "board_spec.xml:7:5 missing-element\n"},
+        {{{"<ffs num=\"1272000\"/>", ""}}, "pb3180.xml:2:1 missing-element\n"},
+        {{{"<dsps num=\"0\"/>", "<dsps num=\"0\"/><dsps num=\"1\"/>"}},
+         "board_spec.xml:10:22 repeated-element\n"},
+        {{{"<fmax_degradation>", "<fmax_degredation>"},
+          {"</fmax_degradation>", "</fmax_degredation>"}},
+         "peltrab.xml:13:5 unexpected-element fmax_degradation\n"},
+        {{{"<host>", "<hidden><host>"}, {"</host>", "</host></hidden>"}},
+         "board_spec.xml:58:3 unexpected-element\n"},
+        {{{"version=\"17.1\"", "version=\"1.1\""}}, "board_spec.xml:3:8 unsupported-version\n"},
+        {{{"version=\"17.1\"", ""}}, "board_spec.xml:3:1 missing-attribute\n"},
+        {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},
+        {{{"pb3180.xml", "absent.xml"}}, "board_spec.xml:6:11 model-not-found\n"},
+        {{{"<host>", "<host"}}, "board_spec.xml:58:0 malformed-xml\n"},
+    });
+}
+
+TEST(BoardLint, NamesMistakesOnWhichTheToolAborts) {
+    expect_places({
+        {{{SYNTHESIZE, ""}}, "board_spec.xml:26:3 missing-element\n"},
+        {{{SYNTHESIZE, SYNTHESIZE + SYNTHESIZE}}, "board_spec.xml:30:78 repeated-element\n"},
+        {{{"size=\"0x01000000\"", "size=\"0x100000000\""}}, "board_spec.xml:47:37 out-of-range\n"},
+        {{{"\"8532.5\"", "\"nan\""}}, "board_spec.xml:45:27 out-of-range\n"},
+        {{{"\"62.5\"", "\"nan\""}}, "peltrab.xml:14:27 out-of-range\n"},
+        {{{"encoding=\"3\"", "encoding=\"4\""}}, "board_spec.xml:53:34 encoding-too-wide\n"},
+        {{{"attribute_width=\"2\"", "attribute_width=\"32\""}},
+         "board_spec.xml:50:76 encoding-too-wide\n"},
+    });
+    const Finding finding = package_with({{SYNTHESIZE, ""}}).findings().at(0);
+    EXPECT_EQ(finding.message, "A compile flow needs <synthesize>.");
+    EXPECT_NE(finding.notes.at(0).text.find("aborts"), std::string::npos);
+}
+
+TEST(BoardLint, ShowsBothPlacesOfRulesOnTwoElements) {
+    struct Case {
+        Edits edits;
+        std::string place;
+        std::vector<std::pair<unsigned, std::string>> notes;
+    };
+    const Case cases[] = {
+        {{{"0x80000000", "0x7f800000"}},
+         "board_spec.xml:47:16 memory-overlap\n",
+         {{0, "this range is 0x7f800000-0x807fffff"},
+          {40, "the other range is here: 0x40000000-0x7fffffff"}}},
+        {{{"\"lane1_in\"", "\"lane0_in\""}},
+         "board_spec.xml:62:3 duplicate-channel-id\n",
+         {{65, "this is 'lane0_in'"}, {63, "the other one is here"}}},
+        {{{"ddr_b\" type=\"slave\" width=\"512\"", "ddr_b\" type=\"slave\" width=\"256\""}},
+         "board_spec.xml:35:3 interface-widths-differ\n",
+         {{37, "the first interface has 512"}, {39, "this one has 256"}}},
+        {{{"name=\"DDR\" ", ""}},
+         "board_spec.xml:45:15 unnamed-memory\n",
+         {{35, "this one has none"}}},
+    };
+    for (const Case& c : cases) {
+        const std::vector<Finding> findings = package_with(c.edits).findings();
+        EXPECT_EQ(places(findings), c.place);
+        std::vector<std::pair<unsigned, std::string>> notes;
+        for (const auto& note : findings.at(0).notes) {
+            notes.emplace_back(note.location.line, note.text);
+        }
+        EXPECT_EQ(notes, c.notes) << c.place;
+    }
+}
+
+TEST(BoardLint, FindsAllMistakesInOneRun) {
+    expect_places({
+        {{{"<alms num", "<alms nmu"},
+          {SYNTHESIZE, ""},
+          {"address=\"0x40000000\"", "address=\"high\""},
+          {"\"fixed\"", "\"fixd\""},
+          {"<attribute name=\"posted\" encoding=\"1\"/>", "<atribute name=\"posted\"/>"},
+          {"<kernel_config start=\"0x00000000\"", "<kernel_config"},
+          {"chan_id=\"lane1_in\"", "chan_id=\"\""},
+          {"min=\"140\"", "min=\"0\""},
+          {"<delay_model>", "<delay_modell>"},
+          {"</delay_model>", "</delay_modell>"}},
+         "board_spec.xml:8:13 unknown-attribute num\n"
+         "board_spec.xml:26:3 missing-element\n"
+         "board_spec.xml:40:16 wrong-type\n"
+         "board_spec.xml:52:9 unexpected-element attribute\n"
+         "board_spec.xml:52:9 missing-attribute\n"
+         "board_spec.xml:47:68 unknown-word fixed\n"
+         "board_spec.xml:59:5 missing-attribute\n"
+         "board_spec.xml:62:3 empty-channel-id\n"
+         "pb3180.xml:3:24 out-of-range\n"
+         "peltrab.xml:31:3 unexpected-element delay_model\n"},
+    });
+}
+
+TEST(BoardLint, KeepsMisplacedSectionsAndTheirMistakes) {
+    const std::string host =
+        "<host>\n    <kernel_config start=\"0x00000000\" size=\"0x00100000\"/>"
+        "\n  </host>";
+    expect_places({
+        {{{host, ""}, {"<interfaces>", "<interfaces><host><kernel_config start=\"0\"/></host>"}},
+         "board_spec.xml:67:15 unexpected-element\nboard_spec.xml:67:21 missing-attribute\n"},
+    });
+}
+
+TEST(BoardLint, ListsThePlacesInWhichAModelWasSearched) {
+    const std::vector<Finding> findings = package_with({{"pb3180.xml", "absent.xml"}}).findings();
+    ASSERT_EQ(findings.size(), 1u);
+    std::vector<std::string> tried;
+    for (const auto& note : findings[0].notes) {
+        tried.push_back(note.text);
+    }
+    tried.resize(2);
+    EXPECT_EQ(tried, (std::vector<std::string>{"tried 'absent.xml'", "tried 'teasel/absent.xml'"}));
+}
+
+TEST(BoardLint, StopsAtTheLimit) {
+    std::string flows;
+    for (int i = 0; i < 10000; ++i) {
+        flows += "<flow/>";
+    }
+    const TempDir dir;
+    dir.write("board_spec.xml", package_with({{"<host>", flows + "<host>"}}).files[0]);
+    PackageCheck check(7);
+    EXPECT_TRUE(check.check(dir / "board_spec.xml"));
+    EXPECT_EQ(check.findings().size(), 7u);
+    EXPECT_FALSE(check.check(dir / "absent.xml"));
+}
+
+TEST(BoardLint, ExitStatusTellsWhatCounts) {
+    const TempDir dir;
+    const LintPackage package;
+    dir.write("good.xml", package.files[0]);
+    dir.write("pb3180.xml", package.files[1]);
+    dir.write("peltrab.xml", package.files[2]);
+    dir.write("warned.xml", package_with({{"\"8532.5\"", "\"8532.5 MB\""}}).files[0]);
+    dir.write("bad.xml", package_with({{"<ffs num=\"98700\"/>", ""}}).files[0]);
+    dir.write("empty.xml", "");
+    const std::pair<const char*, int> cases[] = {
+        {"good.xml", 0},
+        {"pb3180.xml peltrab.xml", 0},
+        {"warned.xml", 0},
+        {"--strict warned.xml", 1},
+        {"--strict --no-warn=partly-read-number warned.xml", 0},
+        {"good.xml bad.xml", 1},
+        {"empty.xml", 1},
+        {".", 1},
+        {"absent.xml bad.xml", 2},
+        {"", 2},
+        {"--no-warn=wrong-type good.xml", 2},
+        {"--max-findings=0 good.xml", 2},
+        {"--format=xml good.xml", 2},
+        {"--explain=wrong-type", 0},
+        {"--explain=nothing", 2},
+        {"--version", 0},
+        {"bad.xml >/dev/full", 2},
+    };
+    for (const auto& [arguments, status] : cases) {
+        const std::string command = "cd " + dir.path + " && " VEMO_LINT " >out 2>err " + arguments;
+        const int result = std::system(command.c_str());  // NOLINT(bugprone-command-processor)
+        ASSERT_TRUE(WIFEXITED(result)) << arguments;
+        EXPECT_EQ(WEXITSTATUS(result), status) << arguments << dir.read("err");
+    }
+}
+
+/// A random change of one of the files.
+void mutate(LintPackage& package, std::mt19937& random) {
+    const auto below = [&random](std::size_t bound) {
+        return static_cast<std::size_t>(random() % bound);
+    };
+    static const std::vector<std::string> values = {"",     "0",    "1",   "x",     "0x100000000",
+                                                    "nan",  "-1",   " 5",  "slave", "streamsink",
+                                                    "17.0", "14.1", "0.9", "2",     "true"};
+    std::string& text = package.files[below(5) < 3 ? 0 : 1 + below(2)];
+    std::vector<std::string> lines = split(text, "\n");
+    std::string& line = lines[2 + below(lines.size() - 2)];
+    const std::string other = lines[2 + below(lines.size() - 2)];
+    std::vector<std::string> quoted = split(line, "\"");
+    switch (below(5)) {
+        case 0:
+            line.clear();
+            break;
+        case 1:
+            line += line;
+            break;
+        case 2:
+            std::swap(line, lines[2 + below(lines.size() - 2)]);
+            break;
+        case 3:
+            line = other;
+            break;
+        default:
+            if (quoted.size() > 1) {
+                quoted[1 + 2 * below(quoted.size() / 2)] = values[below(values.size())];
+                line.clear();
+                for (const std::string& piece : quoted) {
+                    line += (line.empty() ? "" : "\"") + piece;
+                }
+            }
+    }
+    text.clear();
+    for (const std::string& written : lines) {
+        text += written + "\n";
+    }
+}
+
+TEST(BoardLint, AgreesWithTheLoadersAboutWhatLoads) {
+    std::mt19937 random(11);  // NOLINT(cert-msc51-cpp): the same cases in each run
+    int num_loaded = 0;
+    constexpr int CASES = 400;
+    for (int i = 0; i < CASES; ++i) {
+        LintPackage package;
+        for (auto count = 1 + random() % 3; count > 0; --count) {
+            mutate(package, random);
+        }
+        const TempDir dir;
+        dir.write("board_spec.xml", package.files[0]);
+        dir.write("pb3180.xml", package.files[1]);
+        dir.write("peltrab.xml", package.files[2]);
+        std::string reports;
+        try {
+            vemo::BoardPackage(dir / "board_spec.xml");
+        } catch (const vemo::LoadError& error) {
+            reports = error.reports() + error.what();
+        }
+        num_loaded += reports.empty() ? 1 : 0;
+        PackageCheck check(100);
+        check.check(dir / "board_spec.xml");
+        EXPECT_EQ(check.findings().empty(), reports.empty())
+            << package.files[0] << package.files[1] << package.files[2] << reports;
+        // What stops the loader is told in its words.
+        const std::vector<std::string> lines = split(reports, "\n");
+        if (lines[0].rfind("Error in", 0) == 0 && lines[1].rfind("Error", 0) != 0) {
+            EXPECT_TRUE(std::any_of(check.findings().begin(), check.findings().end(),
+                                    [&lines](const Finding& finding) {
+                                        return finding.message.rfind(lines[1], 0) == 0;
+                                    }))
+                << reports;
+        }
+    }
+    EXPECT_GT(num_loaded, CASES / 10);
+    EXPECT_LT(num_loaded, CASES * 9 / 10);
+}
+
+}  // namespace
