@@ -43,7 +43,7 @@ public:
     struct File {
         std::string path;
         Format format;
-        const SourceText* text;
+        SourceText* text;
         std::unique_ptr<tinyxml2::XMLDocument> doc;
         std::unique_ptr<FileCheck> check;
         File* model = nullptr;  ///< The model that it leads to, if that could be parsed.

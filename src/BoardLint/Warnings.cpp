@@ -23,7 +23,6 @@ namespace vemo::lint {
 namespace {
 
 using tinyxml2::XMLAttribute;
-using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 
@@ -57,8 +56,8 @@ enum class Number {
 };
 
 struct NumberAttribute {
-    const char* name;
-    Number number;
+    const char* name = nullptr;
+    Number number = Number::Count;
     const char* only_in = nullptr;  // the element or its parent, where others have that name, too
 };
 
@@ -132,6 +131,7 @@ struct Prefix {
 Prefix leading_float(const char* text) {
     float value = 0.0f;
     int length = 0;
+    // As the XML library does. NOLINTNEXTLINE(cert-err34-c)
     if (std::sscanf(text, "%f%n", &value, &length) != 1) {
         return {"", nullptr};
     }
@@ -162,7 +162,7 @@ Prefix leading_boolean(const char* text) {
 class Search {
 public:
     explicit Search(const PackageCheck::File& file)
-        : m_file(file), m_text(*file.text), m_spec(file.check->models().spec.get()) {}
+        : m_file(file), m_spec(file.check->models().spec.get()) {}
 
     std::vector<Finding> run() {
         const XMLElement* elem = m_file.doc->RootElement();
@@ -209,13 +209,20 @@ private:
         return finding;
     }
     Finding& warn(const XMLElement& elem, std::string message) {
-        return warn(m_text.locate(elem), std::move(message));
+        return warn(locate(elem), std::move(message));
     }
     Finding& warn(const XMLElement& elem, const char* attribute, std::string message) {
         return warn(value_location(elem, attribute), std::move(message));
     }
+    /// Texts are searched for their tags only when there is something to report.
+    static Location locate(const PackageCheck::File& file, const XMLElement& elem) {
+        file.text->attach(*file.doc);
+        return file.text->locate(elem);
+    }
+    Location locate(const XMLElement& elem) const { return locate(m_file, elem); }
     Location value_location(const XMLElement& elem, const char* attribute) const {
-        return m_text.locate(elem, attribute, SourceText::Extent::NameAndValue);
+        m_file.text->attach(*m_file.doc);
+        return m_file.text->locate(elem, attribute, SourceText::Extent::NameAndValue);
     }
 
     // ---- Any element ----------------------------------------------------------------------------
@@ -363,7 +370,7 @@ private:
     void add_device_note(const char* const (&names)[2], Finding* finding) const {
         const XMLElement* resources =
             m_file.model->doc->RootElement()->FirstChildElement("resources");
-        finding->notes.push_back({m_file.model->text->locate(find_counted(*resources, names)),
+        finding->notes.push_back({locate(*m_file.model, find_counted(*resources, names)),
                                   "the device is described here"});
     }
 
@@ -434,7 +441,7 @@ private:
             const XMLElement& replaced = *std::exchange(last->second, &elem);
             warn(replaced,
                  "Compile flow " + quoted(name) + " is replaced by a later one of that name.")
-                .notes.push_back({m_text.locate(elem), "the later one is here"});
+                .notes.push_back({locate(elem), "the later one is here"});
         }
     }
 
@@ -484,7 +491,7 @@ private:
     void warn_if_overridden(const XMLElement& elem, const XMLElement* later) {
         if (later != nullptr) {
             warn(elem, "Element " + quoted(elem.Name()) + " is replaced by a later one.")
-                .notes.push_back({m_text.locate(*later), "the later one is here"});
+                .notes.push_back({locate(*later), "the later one is here"});
         }
     }
 
@@ -548,7 +555,6 @@ private:
     }
 
     const PackageCheck::File& m_file;
-    const SourceText& m_text;
     const board::BoardSpec* m_spec;  // null unless the file is a board
     const char* m_id = nullptr;      // of the current row
     std::unordered_map<std::string_view, const XMLElement*> m_memories;  // by name, the first
