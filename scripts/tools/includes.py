@@ -30,7 +30,7 @@ ALLOWED = {
     "BoardDump": "Base BoardPackage BoardSpec DeviceModel TargetModel",
     "BoardLint": "Base BaseVisitor BaseXmlLoader BoardPackage BoardSpec BoardSpecXml"
                  " BoardSpecXml/BoardSpecXmlLoader DeviceModel DeviceModelXml DeviceModelXmlLoader"
-                 " TargetModel TargetModelXml TargetModelXmlLoader",
+                 " TargetModel TargetModelXml TargetModelXmlLoader vemo-boardspec-version",
     "boardspec": "Base BaseXmlLoader BoardPackage BoardSpec BoardSpecXml/BoardSpecXmlLoader"
                  " DeviceModel DeviceModelXmlLoader TargetModel TargetModelXmlLoader",
     "boardspec_dump": "Base BoardDump BoardPackage vemo-boardspec-version",
