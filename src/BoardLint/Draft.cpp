@@ -144,8 +144,22 @@ void Draft::park_before(const XMLElement& elem) {
     }
 }
 
-bool Draft::unpark() {
-    const bool has_parked = !m_parked.empty();
+bool Draft::has_parked_in(const XMLElement& elem) const {
+    const XMLNode* last_parent = nullptr;  // those of one parent often follow each other
+    for (const Parked& parked : m_parked) {
+        if (parked.parent != last_parent) {
+            last_parent = parked.parent;
+            for (const XMLNode* node = last_parent; node != nullptr; node = node->Parent()) {
+                if (node == &elem) {
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}
+
+void Draft::unpark() {
     keep_edits();
     for (; !m_parked.empty(); m_parked.pop_back()) {
         const Parked& parked = m_parked.back();
@@ -153,7 +167,6 @@ bool Draft::unpark() {
             parked.previous != nullptr && parked.previous->Parent() == parked.parent;
         place(parked.elem, parked.parent, has_stayed ? parked.previous : nullptr);
     }
-    return has_parked;
 }
 
 bool Draft::is_invented(const XMLElement& elem) const {

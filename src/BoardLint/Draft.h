@@ -62,8 +62,13 @@ public:
     /// Takes out elements before `elem`: of several with a name in one parent, all but the first.
     void park_before(const XMLElement& elem);
 
-    /// Puts them back in their places. False when there were none.
-    bool unpark();
+    /// Puts them back in their places.
+    void unpark();
+
+    bool has_parked() const { return !m_parked.empty(); }
+
+    /// Whether elements have been taken out of `elem`, or of those in it.
+    bool has_parked_in(const XMLElement& elem) const;
 
     // What is the author's.
 

@@ -173,18 +173,20 @@ void FileCheck::run(std::size_t max_findings) {
     m_text->attach(*m_doc);
     while (m_findings.size() < m_max_findings && m_work < MAX_WORK) {
         // Rules on several elements need all of them.
-        if (m_outcome.loads || !m_outcome.mistakes.front().pairs.empty()) {
-            if (m_draft.unpark()) {
-                read();
-                continue;
-            }
-            if (m_outcome.loads) {
-                break;
-            }
+        if (m_draft.has_parked()
+            && (m_outcome.loads
+                || (m_outcome.mistakes.front().is_on_leaving
+                    && !m_outcome.mistakes.front().pairs.empty()
+                    && m_draft.has_parked_in(*m_outcome.mistakes.front().elem)))) {
+            m_draft.unpark();
+            read();
+            continue;
+        }
+        if (m_outcome.loads) {
+            break;
         }
         m_mistake = m_outcome.mistakes.front();
-        if (m_outcome.num_entered > MAX_ENTERED && m_mistake.elem != nullptr
-            && m_mistake.pairs.empty()) {
+        if (m_outcome.num_entered > MAX_ENTERED && m_mistake.elem != nullptr) {
             m_draft.park_before(*m_mistake.elem);
         }
         m_found_along = std::move(m_outcome.mistakes);
