@@ -159,7 +159,7 @@ Location SourceText::location(unsigned line_number, std::size_t begin, std::size
         begin == 0 ? std::string::npos : m_bytes.rfind('\n', begin - 1);
     const std::size_t line_begin = last_line_end == std::string::npos ? 0 : last_line_end + 1;
     const std::string_view text(m_bytes);
-    end = std::min(end, text.find_first_of("\r\n", begin));
+    end = begin + std::min(end - begin, text.substr(begin, end - begin).find_first_of("\r\n"));
     return {
         m_file, line_number,
         static_cast<unsigned>(count_characters(text.substr(line_begin, begin - line_begin)) + 1),
