@@ -27,10 +27,10 @@ struct Region {
 
 /// Name and ports: often all interfaces have the same name, that of the component they lead to.
 std::string interface_text(const board::Interface& intf) {
-    std::string text = intf.name.c_str();
+    std::string text = intf.name;
     for (unsigned i = 0; i < intf.get_num_ports(); ++i) {
         text += i == 0 ? "." : "/";
-        text += intf.get_port(i)->name.c_str();
+        text += intf.get_port(i)->name;
     }
     return shortened(text);
 }
@@ -91,7 +91,7 @@ std::string size_text(std::uint64_t bytes) {
 }
 
 std::string memory_name_text(const board::GlobalMemConfig& memory) {
-    return memory.name.empty() ? "(unnamed)" : shortened(memory.name.c_str());
+    return memory.name.empty() ? "(unnamed)" : shortened(memory.name);
 }
 
 std::string address_map(const board::BoardSpec& spec) {

@@ -17,7 +17,7 @@ void for_each_variable(const AnswerSources& sources, Assign assign) {
     assign("vemo_num_flows", std::to_string(flows.size()));
     for (std::size_t i = 0; i < flows.size(); ++i) {
         const std::string prefix = "vemo_flow_" + std::to_string(i) + "_";
-        assign(prefix + "name", flows[i].flow->name.c_str());
+        assign(prefix + "name", flows[i].flow->name);
         for (const char* command : COMPILE_FLOW_COMMANDS) {
             assign(prefix + command, *find_answer(command, flows[i]));
         }

@@ -14,17 +14,17 @@ Draft::Draft(tinyxml2::XMLDocument* doc)
 template <typename Value>
 void Draft::note(std::map<Key, Value>* notes, const Key& key, const Value& value) {
     Value& entry = (*notes)[key];
-    m_undo.push_back([notes, key, former = entry] { (*notes)[key] = former; });
+    m_undo.emplace_back([notes, key, former = entry] { (*notes)[key] = former; });
     entry = value;
 }
 
 void Draft::set_attribute(XMLElement* elem, const std::string& name, const std::string& value) {
     if (const char* former = elem->Attribute(name.c_str())) {
-        m_undo.push_back([elem, name, text = std::string(former)] {
+        m_undo.emplace_back([elem, name, text = std::string(former)] {
             elem->SetAttribute(name.c_str(), text.c_str());
         });
     } else {
-        m_undo.push_back([elem, name] { elem->DeleteAttribute(name.c_str()); });
+        m_undo.emplace_back([elem, name] { elem->DeleteAttribute(name.c_str()); });
     }
     elem->SetAttribute(name.c_str(), value.c_str());
 }
@@ -43,14 +43,14 @@ void Draft::rename_attribute(XMLElement* elem, const std::string& from, const st
 }
 
 void Draft::remove_attribute(XMLElement* elem, const std::string& name) {
-    m_undo.push_back([elem, name, text = std::string(elem->Attribute(name.c_str()))] {
+    m_undo.emplace_back([elem, name, text = std::string(elem->Attribute(name.c_str()))] {
         elem->SetAttribute(name.c_str(), text.c_str());
     });
     elem->DeleteAttribute(name.c_str());
 }
 
 void Draft::rename(XMLElement* elem, const std::string& name) {
-    m_undo.push_back([elem, text = std::string(elem->Name())] { elem->SetName(text.c_str()); });
+    m_undo.emplace_back([elem, text = std::string(elem->Name())] { elem->SetName(text.c_str()); });
     elem->SetName(name.c_str());
 }
 
@@ -63,8 +63,8 @@ void Draft::place(XMLElement* elem, XMLNode* parent, XMLNode* previous) {
 }
 
 void Draft::move(XMLElement* elem, XMLElement* parent) {
-    m_undo.push_back([this, elem, former = elem->Parent(), previous = elem->PreviousSibling(),
-                      asides = m_asides] {
+    m_undo.emplace_back([this, elem, former = elem->Parent(), previous = elem->PreviousSibling(),
+                         asides = m_asides] {
         place(elem, former, previous);
         m_asides = asides;
     });
@@ -83,7 +83,7 @@ void Draft::set_aside(XMLElement* elem) {
 void Draft::unwrap(XMLElement* elem) {
     XMLNode* previous = elem;
     while (XMLElement* child = elem->FirstChildElement()) {
-        m_undo.push_back([elem, child] {
+        m_undo.emplace_back([elem, child] {
             // The last child is put back first.
             place(child, elem, nullptr);
         });
@@ -98,7 +98,7 @@ XMLElement* Draft::invent(XMLElement* parent, const std::string& name) {
     parent->InsertEndChild(elem);
     m_invented.insert(elem);
     // What it holds by then goes with it. Its address may come back as another element's.
-    m_undo.push_back([this, elem] {
+    m_undo.emplace_back([this, elem] {
         m_invented.erase(elem);
         m_shelf->InsertEndChild(elem);
     });

@@ -134,7 +134,8 @@ PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
     close(fd);
     auto doc = std::make_unique<XMLDocument>();
     if (bytes) {
-        doc->Parse(bytes->data(), bytes->size());
+        const std::string& text = *bytes;
+        doc->Parse(text.data(), text.size());
     } else {
         doc->LoadFile(opens_without_waiting(path.c_str()) ? path.c_str() : "");
     }

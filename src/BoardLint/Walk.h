@@ -31,11 +31,11 @@ struct Models {
 /// Something that keeps a document from being loaded, as its reader sees it.
 struct Mistake {
     std::string rule;
-    std::string message;                     ///< The reader's text.
-    const tinyxml2::XMLElement* elem;        ///< Null for a document without elements.
+    std::string message;                         ///< The reader's text.
+    const tinyxml2::XMLElement* elem = nullptr;  ///< Null for a document without elements.
     std::string attribute;                   ///< Empty when the element as a whole is concerned.
-    bool is_at_attribute;                    ///< See Report.
-    bool is_on_leaving;                      ///< Found only when all children had been read.
+    bool is_at_attribute = false;            ///< See Report.
+    bool is_on_leaving = false;              ///< Found only when all children had been read.
     std::vector<std::string> accepted;       ///< See ReportDetails.
     std::string parent;                      ///< See ReportDetails.
     std::string child;                       ///< See ReportDetails.

@@ -56,7 +56,7 @@ std::vector<std::pair<std::size_t, std::size_t>> overlapping_memories(
                    open.end());
         for (const Range& other : open) {
             if (other.min < range.max && pairs.size() < max_pairs) {
-                pairs.push_back(std::minmax(other.index, range.index));
+                pairs.emplace_back(std::minmax(other.index, range.index));
             }
         }
         if (pairs.size() == max_pairs) {
