@@ -63,14 +63,17 @@ static Finding hostile_finding() {
     Finding finding = finding_at(place);
     finding.message = hostile_text();
     finding.suggestion = hostile_text();
-    finding.notes = {{place, hostile_text()}, {{}, hostile_text()}};
+    finding.notes.push_back({place, hostile_text()});
+    finding.notes.emplace_back().text = hostile_text();
     return finding;
 }
 
 TEST(LintText, ShowsNotesAndSuggestions) {
     Finding finding = finding_at({"b.xml", 36, 4, 2});
     finding.suggestion = "y";
-    finding.notes = {{{"c.xml", 2, 1, 1}, "the other one is here"}, {{}, "allowed here: y, z"}};
+    const Location other_place = {"c.xml", 2, 1, 1};
+    finding.notes.push_back({other_place, "the other one is here"});
+    finding.notes.emplace_back().text = "allowed here: y, z";
     Finding other = finding_at({"b.xml", 0, 0, 0});
     other.severity = vemo::lint::Severity::Warning;
     other.suggestion = "y";
@@ -118,7 +121,7 @@ TEST(LintOutputs, DoNotLetFilesForgeLines) {
 
 TEST(LintJson, HoldsEveryFinding) {
     Finding finding = finding_at({"b\xff.xml", 36, 4, 2});
-    finding.notes = {{{}, "allowed"}};
+    finding.notes.emplace_back().text = "allowed";
     const auto object = nlohmann::json::parse(vemo::lint::json_output({finding}));
     EXPECT_EQ(object, nlohmann::json::parse(R"({"findings": [{
         "severity": "error", "id": "unknown-attribute", "file": "b\ufffd.xml",
