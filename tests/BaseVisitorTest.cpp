@@ -180,6 +180,8 @@ TEST(BaseVisitor, WordsReports) {
     EXPECT_EQ(said(p.report_unexpected_attrs(e, 1, constant_names)), unexpected_v);
     p.m_has_error = true;
     EXPECT_FALSE(p.report_unexpected_attrs(e, 2, "k", "v"));  // the earlier error tells
+    static const char* const table[] = {"k", "v"};
+    EXPECT_FALSE(p.report_unexpected_attrs(e, FoundAttributes(e, table)));
 
     EXPECT_TRUE(p.report_warning("w") && p.report_warning(""));
     EXPECT_EQ(at.sink.log, "~Warning in 'b.xml':\nw\n~Warning in 'b.xml':\n");

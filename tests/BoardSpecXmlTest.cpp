@@ -37,6 +37,15 @@ TEST(BoardSpecXml, ReadsEveryField) {  // that is dumped: the tests of JSON have
               split(read_data("dump.txt"), "\n\n")[0]);
 }
 
+TEST(BoardSpecXml, TurnsWordsIntoEnumerators) {
+    const auto spec = load(BOARD);
+    const GlobalMemConfig& ddr = spec->get_global_mem_config("DDR");
+    EXPECT_EQ(ddr.get_type(), GlobalMemConfig::SharedPhysical);
+    EXPECT_EQ(ddr.get_intf(0).get_port_direction(0), Port::Read);
+    EXPECT_EQ(ddr.get_intf(0).get_port_direction(1), Port::Write);
+    EXPECT_EQ(spec->get_interface_config().get_intf(1).latency_type, 1u);
+}
+
 TEST(BoardSpecXml, LaterOneOfANameWins) {
     const std::string flow =
         "<compile project=\"later\" revision=\"\" lomb_file=\"\" "
