@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <optional>
 
 #include "Base/FilePath.h"
 #include "Base/OpenForReading.h"
@@ -35,30 +34,32 @@ bool is_regular_file(int fd) {
     return fstat(fd, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// The contents of a regular file; nothing if it is none or cannot be read.
-std::optional<std::string> read_bytes(int fd) {
+/// Reads a regular file into `*text`. False if it is none or cannot be read.
+bool read_text(int fd, std::string* text) {
     if (!is_regular_file(fd)) {
-        return std::nullopt;
+        return false;
     }
-    std::string bytes;
-    std::size_t size = 0;
+    char block[65536];
     while (true) {
-        if (size == bytes.size()) {
-            bytes.resize(2 * size + 65536);
+        const ssize_t size = read(fd, block, sizeof block);
+        if (size > 0) {
+            text->append(block, static_cast<std::size_t>(size));
+        } else if (size == 0 || errno != EINTR) {
+            return size == 0;
         }
-        const ssize_t count = read(fd, bytes.data() + size, bytes.size() - size);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count < 0) {
-            return std::nullopt;
-        }
-        if (count == 0) {
-            bytes.resize(size);
-            return bytes;
-        }
-        size += static_cast<std::size_t>(count);
     }
+}
+
+/// Parses a file as the tool does. `*text` is what it holds, if that can be told.
+std::unique_ptr<XMLDocument> parse(const std::string& path, int fd, std::string* text) {
+    auto doc = std::make_unique<XMLDocument>();
+    if (read_text(fd, text)) {
+        doc->Parse(text->data(), text->size());
+    } else {
+        text->clear();
+        doc->LoadFile(opens_without_waiting(path.c_str()) ? path.c_str() : "");
+    }
+    return doc;
 }
 
 Format format_of(const XMLDocument& doc) {
@@ -130,22 +131,16 @@ PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
             return checked->second;
         }
     }
-    std::optional<std::string> bytes = read_bytes(fd);
+    std::string bytes;
+    auto doc = parse(path, fd, &bytes);
     close(fd);
-    auto doc = std::make_unique<XMLDocument>();
-    if (bytes) {
-        const std::string& text = *bytes;
-        doc->Parse(text.data(), text.size());
-    } else {
-        doc->LoadFile(opens_without_waiting(path.c_str()) ? path.c_str() : "");
-    }
     const Format actual_format = format != nullptr ? *format : format_of(*doc);
     const Key key = {status.st_dev, status.st_ino, actual_format};
     const auto [checked, is_new] = m_checked.emplace(key, nullptr);
     if (!is_new) {
         return checked->second;
     }
-    SourceText& text = m_sources.add(path, bytes ? std::move(*bytes) : "");
+    SourceText& text = m_sources.add(path, std::move(bytes));
     if (doc->Error()) {
         add({Severity::Error,
              "malformed-xml",
