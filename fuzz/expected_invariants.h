@@ -26,7 +26,8 @@ std::string until_invariant(Action action) {
     }
 }
 
-/// The expected conditions that nothing has broken yet, each with its reason.
+/// The expected conditions that nothing has broken yet, each with its reason. None for a harness
+/// that traps none.
 std::vector<std::string> unbroken_invariants();
 
 }  // namespace vemo::fuzz

@@ -3,6 +3,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 
@@ -14,6 +15,14 @@ void fail(const std::string& what, const std::string& a, const std::string& b) {
     std::fprintf(stderr, "assertion failed: %s gives\n%s\nin place of\n%s\n", what.c_str(),
                  a.c_str(), b.c_str());
     std::abort();
+}
+
+std::string take_document(std::string& input) {
+    const std::string separator = "%%";
+    const std::size_t end = input.find(separator);
+    std::string document = input.substr(0, end);
+    input.erase(0, end == std::string::npos ? end : end + separator.size());
+    return document;
 }
 
 const char* write_memory_file(const std::string& text) {

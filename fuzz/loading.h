@@ -16,6 +16,9 @@ extern void (*watch_report)(const std::string& text);
 /// Aborts: the same input has led to two results.
 [[noreturn]] void fail(const std::string& what, const std::string& a, const std::string& b);
 
+/// Takes the next document off `input`, the documents of a package with "%%" between them.
+std::string take_document(std::string& input);
+
 /// The path of a file in memory that holds `text`. There is one such file.
 const char* write_memory_file(const std::string& text);
 

@@ -7,7 +7,6 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 
 #include <nlohmann/json.hpp>
 
@@ -29,17 +28,8 @@ namespace {
 
 using vemo::AnswerSources;
 using vemo::fuzz::load_in_every_way;
+using vemo::fuzz::take_document;
 using vemo::fuzz::until_invariant;
-
-constexpr std::string_view SEPARATOR = "%%";  // stands between the documents
-
-/// Takes the text up to the next separator off `input`.
-std::string take_document(std::string& input) {
-    const std::size_t end = input.find(SEPARATOR);
-    std::string document = input.substr(0, end);
-    input.erase(0, end == std::string::npos ? end : end + SEPARATOR.size());
-    return document;
-}
 
 /// Aborts unless the JSON text of a command's answer is `dumped`.
 void check_answer(const char* command, const AnswerSources& sources, const nlohmann::json& dumped) {

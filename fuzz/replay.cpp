@@ -28,10 +28,14 @@ static void replay(const std::filesystem::path& file) {
 
 int main(int argc, char** argv) {
     vemo::fuzz::watch_report = [](const std::string& text) { reports.insert(text); };
+    std::vector<std::filesystem::path> files;
     for (int i = 1; i < argc; ++i) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            replay(entry.path());
+            files.push_back(std::filesystem::absolute(entry.path()));
         }
+    }
+    for (const auto& file : files) {  // a harness may change the working directory
+        replay(file);
     }
     for (const std::string& report : reports) {
         std::fputs(report.c_str(), stdout);

@@ -82,6 +82,7 @@ TEST(BoardLint, NamesEachKindOfMistake) {
          "peltrab.xml:13:5 unexpected-element fmax_degradation\n"},
         {{{"<host>", "<hidden><host>"}, {"</host>", "</host></hidden>"}},
          "board_spec.xml:58:3 unexpected-element\n"},
+        {{{"</board>", "</board><boart/>"}}, "board_spec.xml:77:9 unexpected-element\n"},
         {{{"version=\"17.1\"", "version=\"1.1\""}}, "board_spec.xml:3:8 unsupported-version\n"},
         {{{"version=\"17.1\"", ""}}, "board_spec.xml:3:1 missing-attribute\n"},
         {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},

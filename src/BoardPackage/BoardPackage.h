@@ -17,8 +17,9 @@ public:
     /// `reports` are finished texts, see reports().
     LoadError(const std::string& filename, std::string reports);
 
-    /// The diagnostics, each ending in a newline, to be shown before what(). Never empty when
-    /// BoardPackage throws the error.
+    /// The diagnostics, each ending in a newline, to be shown before what(). Empty for a port
+    /// attribute whose encoding does not fit the port, which the readers refuse without a
+    /// diagnostic.
     const std::string& reports() const { return m_reports; }
 
 private:
