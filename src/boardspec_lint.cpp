@@ -27,6 +27,7 @@ constexpr const char* PROGRAM = "vemo-boardspec-lint";
 
 #include <CLI/CLI.hpp>
 
+#include "BoardLint/Characters.h"
 #include "BoardLint/GithubOutput.h"
 #include "BoardLint/JsonOutput.h"
 #include "BoardLint/PackageCheck.h"
@@ -113,9 +114,19 @@ constexpr Format FORMATS[] = {{"text", text_format},
                               {"sarif", sarif_format},
                               {"github", github_format}};
 
+void say(const std::string& message) {
+    std::fprintf(stderr, "%s: %s\n", PROGRAM, vemo::lint::printable(message).c_str());
+}
+
 /// The exit status.
 int fail(const std::string& message) {
-    std::fprintf(stderr, "%s: %s\n", PROGRAM, message.c_str());
+    say(message);
+    return FAILED;
+}
+
+int fail_usage(const std::string& message) {
+    say(message);
+    std::fprintf(stderr, "Run %s --help for its usage.\n", PROGRAM);
     return FAILED;
 }
 
@@ -217,11 +228,10 @@ int check_files(const Options& options) {
         [&options](const Format& candidate) { return options.format == candidate.name; });
     status = print(format->write(findings, check, options), status);
     if (is_cut) {
-        std::fprintf(stderr, "%s: stopped after %zu findings (see --max-findings)\n", PROGRAM,
-                     findings.size());
+        say("stopped after " + std::to_string(findings.size()) + " findings (see --max-findings)");
     } else {
-        for (const std::string& file : check.incomplete_files()) {
-            std::fprintf(stderr, "%s: '%s' was not checked to its end\n", PROGRAM, file.c_str());
+        for (const std::string& remark : check.remarks()) {
+            say(remark);
         }
     }
     return status;
@@ -238,7 +248,7 @@ int run(int argc, char** argv) {
     } catch (const CLI::CallForVersion& version) {
         return print(std::string(version.what()) + "\n", CLEAN);
     } catch (const CLI::ParseError& error) {
-        return fail(std::string(error.what()) + "\nRun " + PROGRAM + " --help for its usage.");
+        return fail_usage(error.what());
     }
     if (!options.rule_to_explain.empty()) {
         return explain(options.rule_to_explain);
@@ -250,7 +260,7 @@ int run(int argc, char** argv) {
         }
     }
     if (options.files.empty()) {
-        return fail(std::string("no FILE given\nRun ") + PROGRAM + " --help for its usage.");
+        return fail_usage("no FILE given");
     }
     return check_files(options);
 }

@@ -87,6 +87,14 @@ TEST(BoardLint, NamesEachKindOfMistake) {
         {{{"version=\"17.1\"", ""}}, "board_spec.xml:3:1 missing-attribute\n"},
         {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},
         {{{"pb3180.xml", "absent.xml"}}, "board_spec.xml:6:11 model-not-found\n"},
+        // The model beside the board is checked in place of one that it does not lead to.
+        {{{"peltrab.xml", "absent.xml"}, {"family=\"", "family=\"x"}},
+         "pb3180.xml:2:29 model-not-found\npeltrab.xml:2:29 unknown-word peltrab\n"},
+        {{{"target_model=\"peltrab.xml\"", ""}, {"family=\"", "family=\"x"}},
+         "pb3180.xml:2:1 missing-attribute\npeltrab.xml:2:29 unknown-word peltrab\n"},
+        // A board, by its name.
+        {{{"<board", "<device_model"}, {"</board>", "</device_model>"}},
+         "board_spec.xml:3:1 unexpected-element\n"},
         {{{"<host>", "<host"}}, "board_spec.xml:58:0 malformed-xml\n"},
     });
 }

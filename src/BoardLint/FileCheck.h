@@ -12,6 +12,7 @@
 
 #include "BoardLint/Draft.h"
 #include "BoardLint/Finding.h"
+#include "BoardLint/Moment.h"
 #include "BoardLint/SourceText.h"
 #include "BoardLint/Walk.h"
 
@@ -54,27 +55,22 @@ public:
 private:
     using XMLElement = tinyxml2::XMLElement;
 
-    /// A moment of the walk over the document.
-    struct Moment {
-        const XMLElement* elem;
-        bool is_leaving;
-    };
-    static Moment moment_of(const Mistake& mistake);
-    static Moment moment_before(const XMLElement& elem);
-    static bool is_before(const Moment& a, const Moment& b);
-
     /// The element and attribute that refer to a model; null when there is none.
     std::pair<const XMLElement*, const char*> referrer() const;
 
     using Edit = std::function<void()>;
     using Test = std::function<bool(const Mistake& next)>;
 
+    static bool is_any(const Mistake& /*next*/) { return true; }
+
     void read();
 
     /// Makes an edit and reads the document again. If that leads to a mistake behind `start` that
     /// is another one than the current, and passes the test, the edit stays. Else it is taken back.
-    bool attempt(const Moment& start, const Edit& edit, const Test& is_good);
-    bool attempt(const Edit& edit, const Test& is_good);
+    bool attempt(const Moment& start, const Edit& edit, const Test& is_good = is_any);
+
+    /// The same with `start` right before the element of the current mistake.
+    bool attempt(const Edit& edit, const Test& is_good = is_any);
 
     /// Repairs the current mistake. False when that is impossible.
     bool repair();

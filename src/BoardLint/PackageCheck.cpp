@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "Base/FilePath.h"
 #include "Base/OpenForReading.h"
@@ -28,6 +30,8 @@ struct ModelKind {
 };
 constexpr ModelKind DEVICE_MODEL = {Format::DeviceModel, "device model", "dm"};
 constexpr ModelKind TARGET_MODEL = {Format::TargetModel, "target model", "tm"};
+
+constexpr const char* BOARD_FILE_NAME = "board_spec.xml";
 
 bool is_regular_file(int fd) {
     struct stat status = {};
@@ -62,14 +66,39 @@ std::unique_ptr<XMLDocument> parse(const std::string& path, int fd, std::string*
     return doc;
 }
 
-Format format_of(const XMLDocument& doc) {
+Format format_of(const std::string& path, const XMLDocument& doc) {
     const tinyxml2::XMLElement* root = doc.RootElement();
+    if (root == nullptr || std::filesystem::path(path).filename() == BOARD_FILE_NAME) {
+        return Format::Board;
+    }
     for (const Format format : {Format::DeviceModel, Format::TargetModel}) {
-        if (root != nullptr && std::string_view(root->Name()) == root_name(format)) {
+        if (std::string_view(root->Name()) == root_name(format)) {
             return format;
         }
     }
     return Format::Board;
+}
+
+/// The only file beside `referrer` that has the root element of a model and ends in ".xml"; empty
+/// when there is none, or several.
+std::string lone_model(const ModelKind& kind, const std::string& referrer) {
+    std::string found;
+    std::error_code error;
+    const std::string folder = FilePath::parent_path(referrer);
+    for (std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error), end;
+         entry != end; entry.increment(error)) {
+        const std::filesystem::path name = entry->path().filename();
+        XMLDocument doc;
+        if (name.extension() == ".xml" && entry->is_regular_file(error)
+            && doc.LoadFile(entry->path().c_str()) == tinyxml2::XML_SUCCESS
+            && format_of(name, doc) == kind.format) {
+            if (!found.empty()) {
+                return "";
+            }
+            found = FilePath::append(folder, name);
+        }
+    }
+    return found;
 }
 
 /// What the tool says about a document that was not parsed, in one line.
@@ -106,6 +135,38 @@ std::string find_model(const ModelKind& kind, const std::string& name,
                : tmodel::TargetModelXmlLoader().resolve_target_model_file(name, referrer);
 }
 
+/// Opens the model that was found at `path`. -1 if there is none, or no file that can be read.
+int open_model(const std::string& path) {
+    const int fd = path.empty() ? -1 : open_for_reading(path.c_str());
+    if (fd != -1 && !is_regular_file(fd)) {
+        close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+/// About a model that cannot be opened: where it was searched, or what was found at `path`.
+Finding missing_model(const ModelKind& kind, const std::string& name, const std::string& referrer,
+                      const std::string& path) {
+    Finding finding;
+    finding.id = "model-not-found";
+    finding.message = std::string(path.empty() ? "Cannot find the " : "Cannot read the ")
+                      + kind.name + " '" + name + "'.";
+    if (!path.empty()) {
+        finding.notes.push_back(
+            {Location(), "'" + path + "' cannot be opened or is not a regular file"});
+        return finding;
+    }
+    for (const std::string& place : search_places(kind, name, referrer)) {
+        finding.notes.push_back({Location(), "tried '" + place + "'"});
+    }
+    if (!FilePath::is_absolute(name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
+        finding.notes.push_back({Location(), std::string("not searched in a development kit: ")
+                                                 + SDK_ROOT_VARIABLE + " is not set"});
+    }
+    return finding;
+}
+
 }  // namespace
 
 bool PackageCheck::check(const std::string& path) {
@@ -134,7 +195,7 @@ PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
     std::string bytes;
     auto doc = parse(path, fd, &bytes);
     close(fd);
-    const Format actual_format = format != nullptr ? *format : format_of(*doc);
+    const Format actual_format = format != nullptr ? *format : format_of(path, *doc);
     const Key key = {status.st_dev, status.st_ino, actual_format};
     const auto [checked, is_new] = m_checked.emplace(key, nullptr);
     if (!is_new) {
@@ -159,7 +220,7 @@ PackageCheck::File* PackageCheck::check_file(const std::string& path, int fd,
         add(finding);
     }
     if (!file.check->is_complete()) {
-        m_incomplete_files.push_back(path);
+        m_remarks.push_back("'" + path + "' was not checked to its end");
     }
     return &file;
 }
@@ -171,37 +232,26 @@ void PackageCheck::follow(File& file) {
     }
     const ModelKind& kind = file.format == Format::Board ? DEVICE_MODEL : TARGET_MODEL;
     const Reference reference = file.check->reference();
-    if (!reference.is_known) {
-        return;
-    }
-    const std::string path = find_model(kind, reference.name, file.path);
-    const int fd = path.empty() ? -1 : open_for_reading(path.c_str());
-    Finding finding;
-    finding.id = "model-not-found";
+    std::string path = reference.is_known ? find_model(kind, reference.name, file.path) : "";
+    int fd = open_model(path);
     if (fd == -1) {
-        finding.message =
-            std::string("Cannot find the ") + kind.name + " '" + reference.name + "'.";
-        for (const std::string& place : search_places(kind, reference.name, file.path)) {
-            finding.notes.push_back({Location(), "tried '" + place + "'"});
+        if (reference.is_known) {
+            Finding finding = missing_model(kind, reference.name, file.path, path);
+            finding.location = file.check->locate_reference();
+            add(std::move(finding));
         }
-        if (!FilePath::is_absolute(reference.name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
-            finding.notes.push_back({Location(), std::string("not searched in a development kit: ")
-                                                     + SDK_ROOT_VARIABLE + " is not set"});
-        }
-    } else if (!is_regular_file(fd)) {
-        close(fd);
-        finding.message =
-            std::string("Cannot read the ") + kind.name + " '" + reference.name + "'.";
-        finding.notes.push_back({Location(), "'" + path + "' is not a regular file"});
-    } else {
-        file.model = check_file(path, fd, &kind.format);
-        if (file.model != nullptr) {
-            follow(*file.model);
-        }
-        return;
+        path = lone_model(kind, file.path);
+        fd = open_model(path);
+        m_remarks.push_back("'" + file.path + "' leads to no " + kind.name + "; "
+                            + (fd == -1 ? "no model was checked"
+                                        : "'" + path + "' was checked, the only one beside it"));
     }
-    finding.location = file.check->locate_reference();
-    add(std::move(finding));
+    if (fd != -1) {
+        file.model = check_file(path, fd, &kind.format);
+    }
+    if (file.model != nullptr) {
+        follow(*file.model);
+    }
 }
 
 void PackageCheck::add(Finding finding) {

@@ -26,15 +26,16 @@ public:
     /// Stops when there are `max_findings`.
     explicit PackageCheck(std::size_t max_findings) : m_max_findings(max_findings) {}
 
-    /// Checks the file `path`, whose root element says what it is; one with an unknown root is a
-    /// board. Returns false, with errno set, if the file cannot be opened.
+    /// Checks the file `path`. Its root element says what it is; a file that is called
+    /// board_spec.xml, or has another root, is a board. Returns false, with errno set, if the file cannot be opened.
     bool check(const std::string& path);
 
     /// In the order of the files: a board, its device model, its target model.
     const std::vector<Finding>& findings() const { return m_findings; }
 
-    /// Names of files that were not checked to their end.
-    const std::vector<std::string>& incomplete_files() const { return m_incomplete_files; }
+    /// What was not checked, or instead of what: texts for a person, without a full stop. If there
+    /// are any, there are findings too.
+    const std::vector<std::string>& remarks() const { return m_remarks; }
 
     /// The texts of the files.
     const Sources& sources() const { return m_sources; }
@@ -64,7 +65,7 @@ private:
 
     std::size_t m_max_findings;
     std::vector<Finding> m_findings;
-    std::vector<std::string> m_incomplete_files;
+    std::vector<std::string> m_remarks;
     Sources m_sources;
     std::deque<File> m_files;
     std::map<Key, File*> m_checked;    // null for a file that could not be parsed

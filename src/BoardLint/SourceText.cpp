@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "BoardLint/Characters.h"
+
 namespace vemo::lint {
 namespace {
 
@@ -67,12 +69,6 @@ const XMLElement* next_element(const XMLElement& elem) {
         }
     }
     return nullptr;
-}
-
-std::size_t count_characters(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u;
-    }));
 }
 
 }  // namespace

@@ -41,6 +41,11 @@ struct Mistake {
     std::string child;                       ///< See ReportDetails.
     std::vector<xml::ElementPair> pairs;     ///< See ReportDetails.
     const char* broken_condition = nullptr;  ///< Of the assertion on which the tool aborts.
+
+    /// Whether `elem` is unknown in its place, or one too many.
+    bool is_unexpected_element() const {
+        return rule == "unexpected-element" || rule == "repeated-element";
+    }
 };
 
 /// What came of reading a document.
