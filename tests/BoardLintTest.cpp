@@ -260,7 +260,8 @@ TEST(BoardLint, RunsAsAProgram) {
         {"bad.xml >/dev/full", 2, "cannot write"},
     };
     for (const auto& [arguments, status, printed] : cases) {
-        const std::string command = "cd " + dir.path + " && " VEMO_LINT " >out 2>err " + arguments;
+        const std::string command =
+            "cd " + dir.path + " && '" VEMO_LINT "' >out 2>err " + arguments;
         const int result = std::system(command.c_str());  // NOLINT(bugprone-command-processor)
         ASSERT_TRUE(WIFEXITED(result)) << arguments;
         const std::string output = dir.read("out") + dir.read("err");
