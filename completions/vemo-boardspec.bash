@@ -158,7 +158,12 @@ _vemo_boardspec_dump() {
     local words quote kept
     _vemo_boardspec_split_line
     case ${words[-1]} in
-        -*) _vemo_boardspec_offer --allow-overlap --format={text,json,sh,make} --help --version ;;
+        --output=* | --depfile=*) compopt -o default ;;  # readline completes file names
+        -*)
+            _vemo_boardspec_offer --allow-overlap --candidates --depfile= --depfile-target= \
+                --format={text,json,sh,make} --help --output= --version
+            [[ ${COMPREPLY[*]} != *= ]] || compopt -o nospace
+            ;;
         *) _vemo_boardspec_offer_files ;;
     esac
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "Base/TriedPaths.h"
 #include "BaseXmlLoader.h"
 #include "DeviceModel.h"
 
@@ -31,9 +32,11 @@ public:
     /// an absolute path as it is; otherwise the first of these that exists, or "" when none does:
     /// `dm_path` in the working directory, `dm_path` beside the board file, and
     /// share/models/dm/`dm_path` below the directory that VEMOSDKROOT names. `board_spec_path` must
-    /// not be empty unless the file is in the working directory.
+    /// not be empty unless the file is in the working directory. Appends the paths that it looks
+    /// at, up to the one that is found, to `tried` if that is given.
     std::string resolve_device_model_file(const std::string& dm_path,
-                                          const std::string& board_spec_path) const;
+                                          const std::string& board_spec_path,
+                                          TriedPaths* tried = nullptr) const;
 
 private:
     Echo m_echo;

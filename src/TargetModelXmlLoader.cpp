@@ -23,7 +23,9 @@ TargetModel* TargetModelXmlLoader::load_target_model(tinyxml2::XMLDocument* doc)
 }
 
 std::string TargetModelXmlLoader::resolve_target_model_file(const std::string& tm_path,
-                                                            const std::string& dm_file_path) const {
+                                                            const std::string& dm_file_path,
+                                                            TriedPaths* tried) const {
+    add_tried_path(tried, tm_path);
     trace("Resolving target model file path:", "");
     trace("  input path: ", tm_path);
     if (FilePath::is_absolute(tm_path)) {
@@ -38,12 +40,14 @@ std::string TargetModelXmlLoader::resolve_target_model_file(const std::string& t
     trace("  Device Model file path: ", dm_file_path);
     trace("  Device Model dir: ", dm_dir);
     std::string beside = FilePath::append(dm_dir, tm_path);
+    add_tried_path(tried, beside);
     if (exists("  relative to DM dir: ", beside)) {
         return beside;
     }
     if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
         trace("  VEMOSDKROOT: ", root);
         std::string in_kit = sdk_model_path(root, "tm", tm_path);
+        add_tried_path(tried, in_kit);
         if (exists("  relative to VEMO TM dir: ", in_kit)) {
             return in_kit;
         }

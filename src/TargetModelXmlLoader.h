@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "Base/TriedPaths.h"
 #include "BaseXmlLoader.h"
 #include "TargetModel/TargetModel.h"
 
@@ -32,9 +33,11 @@ public:
     /// Returns an absolute path as it is; otherwise the first of these that exists, or "" when none
     /// does: `tm_path` in the working directory, `tm_path` beside the device model file, and
     /// share/models/tm/`tm_path` below the directory that VEMOSDKROOT names. `dm_file_path` must
-    /// not be empty unless the file is in the working directory.
+    /// not be empty unless the file is in the working directory. Appends the paths that it looks
+    /// at, up to the one that is found, to `tried` if that is given.
     std::string resolve_target_model_file(const std::string& tm_path,
-                                          const std::string& dm_file_path) const;
+                                          const std::string& dm_file_path,
+                                          TriedPaths* tried = nullptr) const;
 
 private:
     /// FilePath::exists(path). The trace shows the result behind `what`.

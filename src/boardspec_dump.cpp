@@ -23,7 +23,9 @@ constexpr const char* PROGRAM = "vemo-boardspec-dump";
 #include <CLI/CLI.hpp>
 
 #include "BoardDump/AssignmentDump.h"
+#include "BoardDump/Depfile.h"
 #include "BoardDump/JsonDump.h"
+#include "BoardDump/OutputFile.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
 #include "vemo-boardspec-version.h"
@@ -64,6 +66,10 @@ Exit status: 0, or 1 after an error, which is told on standard error.)";
 struct Options {
     std::string format = FORMATS[0].name;
     bool allow_overlap = false;
+    bool candidates = false;
+    std::string output;          // a path; empty for standard output
+    std::string depfile;         // a path; empty for none
+    std::string depfile_target;  // empty for `output`
     std::string board_path;
 };
 
@@ -81,6 +87,10 @@ int fail(const std::string& message) {
     return EXIT_FAILURE;
 }
 
+int fail_usage(const std::string& message) {
+    return fail(message + "\nRun " + PROGRAM + " --help for its usage.");
+}
+
 /// Writes all that goes to standard output. The exit status.
 int print(const std::string& text) {
     vemo::write_output(text);
@@ -94,15 +104,61 @@ void declare(CLI::App& app, Options& options) {
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_BOARDSPEC_VERSION,
                          "Print the version and exit");
-    app.add_option("--format", options.format, "text (the default), json, sh or make")
-        ->option_text("FORMAT")
-        ->check(CLI::IsMember(format_names()))
+    auto* format =
+        app.add_option("--format", options.format, "text (the default), json, sh or make")
+            ->option_text("FORMAT")
+            ->check(CLI::IsMember(format_names()))
+            ->take_last();
+    app.add_flag("--candidates", options.candidates,
+                 "Print the paths where the models were searched for")
+        ->excludes(format);
+    app.add_option("--output", options.output, "Write to a file, unless its contents are the same")
+        ->option_text("FILE")
         ->take_last();
+    auto* depfile = app.add_option("--depfile", options.depfile,
+                                   "Write a make rule that names the files that were read")
+                        ->option_text("FILE")
+                        ->take_last();
+    app.add_option("--depfile-target", options.depfile_target,
+                   "Target of that rule (default: the output file)")
+        ->option_text("NAME")
+        ->take_last()
+        ->needs(depfile);
     app.add_flag("--allow-overlap", options.allow_overlap,
                  "Dump a board whose global memories overlap, too");
     app.add_option("BOARD", options.board_path, "The board file, board_spec.xml")
         ->option_text(" ")
         ->required();
+}
+
+std::string candidates_text(const vemo::AnswerSources& sources) {
+    std::string text;
+    for (const std::string& path : sources.files->candidates) {
+        text += path + "\n";
+    }
+    return text;
+}
+
+/// Writes what the options ask for. The exit status.
+int write(const Options& options, const vemo::AnswerSources& sources) {
+    const auto* format = std::find_if(
+        std::begin(FORMATS), std::end(FORMATS),
+        [&options](const Format& candidate) { return options.format == candidate.name; });
+    const std::string text = options.candidates ? candidates_text(sources) : format->dump(sources);
+    // First, so that a failure does not leave an output that nothing would make again.
+    if (!options.depfile.empty()) {
+        const bool has_target = !options.depfile_target.empty();
+        vemo::dump::write_file(
+            options.depfile,
+            vemo::dump::depfile_text(
+                has_target ? options.depfile_target : options.output,
+                {sources.files->board, sources.dm_resolved_path, sources.tm_resolved_path}));
+    }
+    if (options.output.empty()) {
+        return print(text);
+    }
+    vemo::dump::write_file(options.output, text);
+    return EXIT_SUCCESS;
 }
 
 int run(int argc, char** argv) {
@@ -116,15 +172,15 @@ int run(int argc, char** argv) {
     } catch (const CLI::CallForVersion& version) {
         return print(std::string(version.what()) + "\n");
     } catch (const CLI::ParseError& error) {
-        return fail(std::string(error.what()) + "\nRun " + PROGRAM + " --help for its usage.");
+        return fail_usage(error.what());
+    }
+    if (!options.depfile.empty() && options.depfile_target.empty() && options.output.empty()) {
+        return fail_usage("--depfile requires --output or --depfile-target");
     }
     using vemo::board::Overlap;
     const vemo::BoardPackage package(options.board_path,
                                      options.allow_overlap ? Overlap::Allow : Overlap::Refuse);
-    const auto* format = std::find_if(
-        std::begin(FORMATS), std::end(FORMATS),
-        [&options](const Format& candidate) { return options.format == candidate.name; });
-    return print(format->dump(package.sources()));
+    return write(options, package.sources());
 }
 
 }  // namespace

@@ -22,10 +22,15 @@ struct ModelFileSearch : ::testing::Test {
 };
 
 /// Where the two searches, which differ in one folder, find `name` in the file `from`.
-std::string find(const std::string& name, const std::string& from) {
-    std::string found = TargetModelXmlLoader(false).resolve_target_model_file(name, from);
-    EXPECT_EQ(DeviceModelXmlLoader(true).resolve_device_model_file(name, from),
+std::string find(const std::string& name, const std::string& from,
+                 vemo::TriedPaths* tried = nullptr) {
+    std::string found = TargetModelXmlLoader(false).resolve_target_model_file(name, from, tried);
+    vemo::TriedPaths tried_for_dm;
+    EXPECT_EQ(DeviceModelXmlLoader(true).resolve_device_model_file(name, from, &tried_for_dm),
               fill(found, {{"/tm/", "/dm/"}}));
+    for (std::size_t i = 0; tried != nullptr && i < tried->size(); ++i) {
+        EXPECT_EQ(tried_for_dm.at(i), fill(tried->at(i), {{"/tm/", "/dm/"}}));
+    }
     return found;
 }
 
@@ -50,6 +55,22 @@ TEST_F(ModelFileSearch, GoesFromNearToFar) {
     EXPECT_EQ(find("m.xml", "pkg/b.xml"), "pkg/m.xml");
     dir.write("m.xml", "");
     EXPECT_EQ(find("m.xml", "pkg/b.xml"), "m.xml");
+}
+
+TEST_F(ModelFileSearch, TellsWhereItLooked) {
+    const std::tuple<std::string, std::string, vemo::TriedPaths> cases[] = {
+        {"m.xml", "pkg/b.xml", {"m.xml", "pkg/m.xml", "kit/share/models/tm/m.xml"}},
+        {"m.xml", "b.xml", {"m.xml", "kit/share/models/tm/m.xml"}},
+        {"here.xml", "pkg/b.xml", {"here.xml", "pkg/here.xml"}},
+        {"/m.xml", "pkg/b.xml", {"/m.xml"}},
+    };
+    setenv("VEMOSDKROOT", "kit", 1);
+    dir.write("pkg/here.xml", "");
+    for (const auto& [name, from, expected] : cases) {
+        vemo::TriedPaths tried;
+        find(name, from, &tried);
+        EXPECT_EQ(tried, expected) << name << " " << from;
+    }
 }
 
 TEST_F(ModelFileSearch, TracesTheStepsReached) {

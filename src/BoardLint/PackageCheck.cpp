@@ -13,6 +13,7 @@
 #include "Base/FilePath.h"
 #include "Base/OpenForReading.h"
 #include "Base/SdkModelPath.h"
+#include "Base/TriedPaths.h"
 #include "BaseXmlLoader.h"
 #include "DeviceModelXmlLoader.h"
 #include "TargetModelXmlLoader.h"
@@ -26,10 +27,9 @@ using tinyxml2::XMLDocument;
 struct ModelKind {
     Format format;
     const char* name;
-    const char* kit_directory;
 };
-constexpr ModelKind DEVICE_MODEL = {Format::DeviceModel, "device model", "dm"};
-constexpr ModelKind TARGET_MODEL = {Format::TargetModel, "target model", "tm"};
+constexpr ModelKind DEVICE_MODEL = {Format::DeviceModel, "device model"};
+constexpr ModelKind TARGET_MODEL = {Format::TargetModel, "target model"};
 
 constexpr const char* BOARD_FILE_NAME = "board_spec.xml";
 
@@ -111,28 +111,11 @@ std::string parse_error(XMLDocument* doc) {
     return text;
 }
 
-/// Where a model is searched, in order.
-std::vector<std::string> search_places(const ModelKind& kind, const std::string& name,
-                                       const std::string& referrer) {
-    if (FilePath::is_absolute(name)) {
-        return {name};
-    }
-    std::vector<std::string> places = {name};
-    const std::string beside = FilePath::append(FilePath::parent_path(referrer), name);
-    if (beside != name) {
-        places.push_back(beside);
-    }
-    if (const char* root = std::getenv(SDK_ROOT_VARIABLE)) {
-        places.push_back(sdk_model_path(root, kind.kit_directory, name));
-    }
-    return places;
-}
-
-std::string find_model(const ModelKind& kind, const std::string& name,
-                       const std::string& referrer) {
+std::string find_model(const ModelKind& kind, const std::string& name, const std::string& referrer,
+                       TriedPaths* tried) {
     return kind.format == Format::DeviceModel
-               ? dmodel::DeviceModelXmlLoader().resolve_device_model_file(name, referrer)
-               : tmodel::TargetModelXmlLoader().resolve_target_model_file(name, referrer);
+               ? dmodel::DeviceModelXmlLoader().resolve_device_model_file(name, referrer, tried)
+               : tmodel::TargetModelXmlLoader().resolve_target_model_file(name, referrer, tried);
 }
 
 /// Opens the model that was found at `path`. -1 if there is none, or no file that can be read.
@@ -146,7 +129,7 @@ int open_model(const std::string& path) {
 }
 
 /// About a model that cannot be opened: where it was searched, or what was found at `path`.
-Finding missing_model(const ModelKind& kind, const std::string& name, const std::string& referrer,
+Finding missing_model(const ModelKind& kind, const std::string& name, const TriedPaths& tried,
                       const std::string& path) {
     Finding finding;
     finding.id = "model-not-found";
@@ -157,7 +140,7 @@ Finding missing_model(const ModelKind& kind, const std::string& name, const std:
             {Location(), "'" + path + "' cannot be opened or is not a regular file"});
         return finding;
     }
-    for (const std::string& place : search_places(kind, name, referrer)) {
+    for (const std::string& place : tried) {
         finding.notes.push_back({Location(), "tried '" + place + "'"});
     }
     if (!FilePath::is_absolute(name) && std::getenv(SDK_ROOT_VARIABLE) == nullptr) {
@@ -232,11 +215,13 @@ void PackageCheck::follow(File& file) {
     }
     const ModelKind& kind = file.format == Format::Board ? DEVICE_MODEL : TARGET_MODEL;
     const Reference reference = file.check->reference();
-    std::string path = reference.is_known ? find_model(kind, reference.name, file.path) : "";
+    TriedPaths tried;
+    std::string path =
+        reference.is_known ? find_model(kind, reference.name, file.path, &tried) : "";
     int fd = open_model(path);
     if (fd == -1) {
         if (reference.is_known) {
-            Finding finding = missing_model(kind, reference.name, file.path, path);
+            Finding finding = missing_model(kind, reference.name, tried, path);
             finding.location = file.check->locate_reference();
             add(std::move(finding));
         }

@@ -5,13 +5,15 @@
 #include <string_view>
 
 #include "Base/ArrayView.h"
+#include "BoardPackage/PackageFiles.h"
 #include "BoardSpec/BoardSpec.h"
 #include "DeviceModel.h"
 #include "TargetModel/TargetModel.h"
 
 namespace vemo {
 
-/// What answers are made from. The models and the flow are not owned and must not be null.
+/// What answers are made from. The models and the flow are not owned and must not be null. Answers
+/// do not need `files`, but dumps of a package do.
 struct AnswerSources {
     const board::BoardSpec* spec = nullptr;      ///< The board.
     const dmodel::DeviceModel* dm = nullptr;     ///< The device model that the board names.
@@ -19,6 +21,7 @@ struct AnswerSources {
     std::string dm_resolved_path;                ///< Path of the file that `dm` was loaded from.
     std::string tm_resolved_path;                ///< Path of the file that `tm` was loaded from.
     const board::CompileConfig* flow = nullptr;  ///< The flow that compile-flow commands read.
+    const PackageFiles* files = nullptr;         ///< Not owned.
 };
 
 /// One row of the answer table.

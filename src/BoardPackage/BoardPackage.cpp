@@ -45,21 +45,25 @@ BoardPackage::BoardPackage(const std::string& board_path, board::Overlap overlap
     using dmodel::DeviceModelXmlLoader;
     using tmodel::TargetModelXmlLoader;
 
+    auto files = std::make_unique<PackageFiles>();
+    files->board = board_path;
     BoardSpecXmlLoader board_loader(overlap);
     load(m_spec, board_loader, &BoardSpecXmlLoader::load_board_spec, board_path, board_path);
 
     DeviceModelXmlLoader dm_loader;
     const std::string& dm_name = m_spec->get_device_config().device_model;
     std::string& dm_path = m_sources.dm_resolved_path;
-    dm_path = dm_loader.resolve_device_model_file(dm_name, board_path);
+    dm_path = dm_loader.resolve_device_model_file(dm_name, board_path, &files->candidates);
     load(m_dm, dm_loader, &DeviceModelXmlLoader::load_target_model, dm_path, dm_name);
 
     TargetModelXmlLoader tm_loader;
     const std::string& tm_name = m_dm->target_model;
     std::string& tm_path = m_sources.tm_resolved_path;
-    tm_path = tm_loader.resolve_target_model_file(tm_name, dm_path);
+    tm_path = tm_loader.resolve_target_model_file(tm_name, dm_path, &files->candidates);
     load(m_tm, tm_loader, &TargetModelXmlLoader::load_target_model, tm_path, tm_name);
 
+    m_files = std::move(files);
+    m_sources.files = m_files.get();
     m_sources.spec = m_spec.get();
     m_sources.dm = m_dm.get();
     m_sources.tm = m_tm.get();

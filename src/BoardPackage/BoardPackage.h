@@ -55,6 +55,7 @@ public:
     const AnswerSources& sources() const { return m_sources; }
 
 private:
+    std::unique_ptr<const PackageFiles> m_files;  // stays in place when the package is moved
     std::unique_ptr<const board::BoardSpec, board::DestroyWithPorts> m_spec;
     std::unique_ptr<const dmodel::DeviceModel> m_dm;
     std::unique_ptr<const tmodel::TargetModel> m_tm;

@@ -29,6 +29,7 @@ FLOWS = ["1$(touch x)", "2`touch x`", "3 two  blanks", "4'single'", '5"double"',
          "7*[a]?{b,c}", "8!!&;|<>#", "9~=@$HOME", "full"]
 CASES = [  # what is typed behind args, or with one of the companion programs, and the words
     ("dump --format=j\tbo\t", ["--format=json", "board_spec.xml"]),
+    ("dump --output=bo\t", ["--output=board_spec.xml"]),
     ("lint --format=s\tbo\t", ["--format=sarif", "board_spec.xml"]),
     ("lint --explain=a-e\t", ["--explain=a-error"]),
     ("lint --no-warn=a-\tbo\t", ["--no-warn=a-warning", "board_spec.xml"]),
