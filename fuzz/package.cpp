@@ -16,6 +16,7 @@
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/AnswerTable.h"
+#include "BoardPackage/PackageFiles.h"
 #include "BoardSpec/DestroyWithPorts.h"
 #include "BoardSpec/Dump.h"
 #include "BoardSpecXml/BoardSpecXmlLoader.h"
@@ -85,7 +86,8 @@ void dump_all(const AnswerSources& sources, std::size_t input_size) {
     stream(*sources.dm);
     stream(*sources.tm);
     for (const auto dump :
-         {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump, vemo::dump::make_dump}) {
+         {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump, vemo::dump::make_dump,
+          vemo::dump::cmake_dump, vemo::dump::tcl_dump}) {
         until_invariant([&sources, dump, input_size] {
             // Nothing in a file takes that much of a dump, unless it is there in many rows.
             if (dump(sources).size() > 64 * input_size + 16384) {
@@ -116,7 +118,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (spec == nullptr || dm == nullptr || tm == nullptr) {
         return 0;
     }
+    const vemo::PackageFiles files = {"[board]", {}};
     AnswerSources sources;
+    sources.files = &files;
     sources.spec = spec.get();
     sources.dm = dm.get();
     sources.tm = tm.get();

@@ -39,10 +39,9 @@ struct Format {
 
 // The first one is the default.
 constexpr Format FORMATS[] = {
-    {"text", vemo::dump::text_dump},
-    {"json", vemo::dump::json_dump},
-    {"sh", vemo::dump::shell_dump},
-    {"make", vemo::dump::make_dump},
+    {"text", vemo::dump::text_dump},   {"json", vemo::dump::json_dump},
+    {"sh", vemo::dump::shell_dump},    {"make", vemo::dump::make_dump},
+    {"cmake", vemo::dump::cmake_dump}, {"tcl", vemo::dump::tcl_dump},
 };
 
 constexpr const char* FORMAT_HELP = R"(Formats:
@@ -52,8 +51,11 @@ constexpr const char* FORMAT_HELP = R"(Formats:
         answers of each compile flow), "board", "device_model" and
         "target_model" (all that the files say).
   sh    Assignments to eval: vemo_<command>, vemo_num_flows, vemo_flow_<i>_name
-        and vemo_flow_<i>_<command>, with i from 0.
-  make  The same variables for the include of a GNU makefile.
+        and vemo_flow_<i>_<command>, with i from 0; likewise the memories, their
+        interfaces and the channels. The manual page lists all variables.
+  make, cmake, tcl
+        The same variables to include in a GNU makefile or a CMake script, or to
+        source in a Tcl script.
 
 Examples:
   vemo-boardspec-dump board_spec.xml
@@ -104,11 +106,11 @@ void declare(CLI::App& app, Options& options) {
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_BOARDSPEC_VERSION,
                          "Print the version and exit");
-    auto* format =
-        app.add_option("--format", options.format, "text (the default), json, sh or make")
-            ->option_text("FORMAT")
-            ->check(CLI::IsMember(format_names()))
-            ->take_last();
+    auto* format = app.add_option("--format", options.format,
+                                  "text (the default), json, sh, make, cmake or tcl")
+                       ->option_text("FORMAT")
+                       ->check(CLI::IsMember(format_names()))
+                       ->take_last();
     app.add_flag("--candidates", options.candidates,
                  "Print the paths where the models were searched for")
         ->excludes(format);

@@ -6,15 +6,39 @@
 
 namespace vemo::dump {
 
-// Every answer as the assignment of a variable: vemo_<command>, with the answer about the default
-// flow where a command reads a flow; then vemo_num_flows, and vemo_flow_<i>_name and
-// vemo_flow_<i>_<command> for the i-th flow, counted from 0. What a board file contains can end up
-// in a value, never in a name. Values are kept to the byte.
+// Everything about a board as assignments of variables. What a board file contains can end up in a
+// value, never in a name. An attribute that is not given is empty, a flag is 1 or 0, and numbers
+// are decimal. i, j and k count from 0:
+//
+//   vemo_<command>                        every answer, with that about the default flow where a
+//                                         command reads a flow
+//   vemo_file_board, vemo_file_device_model, vemo_file_target_model
+//                                         paths of the files that were read
+//   vemo_num_candidates, vemo_candidate_<i>
+//                                         where the models were searched for, see PackageFiles
+//   vemo_num_flows, vemo_flow_<i>_name, vemo_flow_<i>_<command>
+//   vemo_num_memories, vemo_memory_<i>_<attribute>
+//   vemo_memory_<i>_num_interfaces, vemo_memory_<i>_interface_<j>_<attribute>
+//   vemo_num_channels, vemo_channel_<i>_<attribute>
+//   vemo_num_interfaces, vemo_interface_<i>_<attribute>
+//                                         the kernel interfaces
+//   <an interface or channel>_num_ports, <...>_port_<k>_name, <...>_port_<k>_direction
+//   vemo_kernel_config_start, vemo_kernel_config_size
+//                                         the host's window on the kernel
+//
+// All formats except that for Tcl keep values to the byte.
 
 /// For the eval of a POSIX shell.
 std::string shell_dump(const AnswerSources& sources);
 
 /// For the include of a GNU makefile. Defines vemo_empty and vemo_newline, too.
 std::string make_dump(const AnswerSources& sources);
+
+/// For the include of a CMake script.
+std::string cmake_dump(const AnswerSources& sources);
+
+/// For the source of a Tcl script, whatever its encoding: nothing but ASCII. Bytes that are no
+/// UTF-8 become U+FFFD.
+std::string tcl_dump(const AnswerSources& sources);
 
 }  // namespace vemo::dump

@@ -19,25 +19,17 @@ AttributeValue text(const Interface& intf) {
     return std::string_view(intf.*Field);
 }
 
-/// A figure that is above 0 once given.
 template <auto Getter>
 AttributeValue figure(const Interface& intf) {
-    const auto number = (intf.*Getter)();
-    return number > 0 ? AttributeValue(number) : AttributeValue();
-}
-
-/// The word for an enumerator; nothing for a value that is none.
-template <std::size_t N>
-AttributeValue word(const std::string_view (&words)[N], std::size_t index) {
-    return index < N ? AttributeValue(words[index]) : AttributeValue();
+    return figure_value((intf.*Getter)());
 }
 
 AttributeValue type(const Interface& intf) {
-    return word(board::INTERFACE_TYPE_WORDS, static_cast<std::size_t>(intf.type));
+    return word_value(board::INTERFACE_TYPE_WORDS, static_cast<std::size_t>(intf.type));
 }
 
 AttributeValue latency_type(const Interface& intf) {
-    return word(board::LATENCY_TYPE_WORDS, intf.latency_type);
+    return word_value(board::LATENCY_TYPE_WORDS, intf.latency_type);
 }
 
 constexpr InterfaceAttribute ROWS[] = {

@@ -1,17 +1,12 @@
 #pragma once
 
-#include <string_view>
-#include <variant>
-
 #include "Base/ArrayView.h"
+#include "BoardDump/AttributeValue.h"
 #include "BoardSpec/Interface.h"
 
 namespace vemo::dump {
 
-/// Value of an attribute: a flag, a number, a text, or nothing when the file gives none.
-using AttributeValue = std::variant<std::monostate, bool, unsigned, float, std::string_view>;
-
-/// An attribute of an interface. A text lives as long as the interface.
+/// An attribute of an interface.
 struct InterfaceAttribute {
     const char* name;  // as in the board file
     AttributeValue (*value)(const board::Interface& intf);

@@ -232,6 +232,13 @@ Json describe(const tmodel::TargetModel& tm) {
         {"family_info", tm.has_family_model() ? describe(tm.get_family_model()) : Json(nullptr)}};
 }
 
+Json describe_files(const AnswerSources& sources) {
+    return {{"board", sources.files->board},
+            {"device_model", sources.dm_resolved_path},
+            {"target_model", sources.tm_resolved_path},
+            {"candidates", sources.files->candidates}};
+}
+
 Json describe_answers(const AnswerSources& sources) {
     Json answers = Json::object();
     for (const Answer& answer : ANSWERS) {
@@ -252,7 +259,8 @@ Json describe_flow_answers(const AnswerSources& sources) {
 
 std::string json_dump(const AnswerSources& sources) {
     const std::vector<AnswerSources> flows = sources_of_flows(sources);
-    const Json dump = {{"answers", describe_answers(sources)},
+    const Json dump = {{"files", describe_files(sources)},
+                       {"answers", describe_answers(sources)},
                        {"flows", list(flows, describe_flow_answers)},
                        {"board", describe(*sources.spec, flows)},
                        {"device_model", describe(*sources.dm)},

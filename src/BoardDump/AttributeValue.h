@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace vemo::dump {
+
+/// Value of an attribute: a flag, a number, a text, or nothing when the file gives none. A text
+/// belongs to the model.
+using AttributeValue = std::variant<std::monostate, bool, unsigned, float, std::string_view>;
+
+/// A figure that is above 0 once given; nothing if it is not.
+template <typename Number>
+AttributeValue figure_value(Number number) {
+    return number > 0 ? AttributeValue(number) : AttributeValue();
+}
+
+/// The word for an enumerator; nothing for a value that is none.
+template <std::size_t N>
+AttributeValue word_value(const std::string_view (&words)[N], std::size_t index) {
+    return index < N ? AttributeValue(words[index]) : AttributeValue();
+}
+
+/// The value in plain text: 1 or 0 for a flag, and nothing for nothing. A number has the digits
+/// that tell it from all others, and no more.
+std::string to_text(const AttributeValue& value);
+
+}  // namespace vemo::dump

@@ -1,0 +1,144 @@
+"""Reads a dump with the program that it is for, which is the argument, and compares all values with
+those of the format sh. The texts of the board have every byte, and what means something to a reader."""
+
+import json
+import os
+import re
+import shlex
+import subprocess
+
+from support import arguments, check, need, source, tool
+
+DUMP = os.path.join(os.path.dirname(tool), "vemo-boardspec-dump")
+TEXTS = [b"\xe2\x82", bytes(range(1, 256)), b"", b" ", b"\t a ", b"\\", b"a\\\\", b"\r", b"a\r\nb\n",
+         b"\n\nc", b"\\\n", b"# b", b"a\\#b", b"\\\\#", b"$(shell :>hit)", b"$(error)", b"`:>hit`",
+         b"'", b'"$x"', b"${x}", b"@x@", b"$$", b"';:>hit;'", b"\xff'", b"a\n:= b", b"endef",
+         b"endef\n", b"-n", b"define x", b"a;b", b"\\;", b"]==]", b"[[", b"]=", b"[exec touch hit]",
+         b"{", b"}", b"??/", b"%s", b"*/", "\u00e9\U0001f600\ufeff".encode(), b"\xed\xa0\x80",
+         b"\\u0041", b"0\\\x01" + b"1", b"x" * 5000]
+SHELL = """text=$(cat dump) && eval "$text" || exit
+while read -r name; do eval "printf '%s\\\\0' \\"\\$$name\\""; done <names"""
+MAKE = """include dump
+$(foreach name,$(shell cat names),$(file >values/$(name),$($(name)).))
+all:;@while read -r name; do head -c -2 values/$$name; printf '\\0'; done <names"""
+CMAKE = """include(dump)
+file(STRINGS names names)
+foreach(name IN LISTS names)
+    file(WRITE values/${name} "${${name}}")
+endforeach()
+execute_process(COMMAND sh -c "while read -r n; do cat values/$n; printf '\\\\0'; done <names")"""
+TCL = """source dump
+fconfigure stdout -encoding utf-8 -translation lf
+foreach name [split [read -nonewline [open names]] \\n] {puts -nonewline [set $name]\\0}"""
+READERS = {  # format, script and command
+    "dash": ("sh", SHELL, "dash script"),
+    "bash": ("sh", SHELL, "LC_ALL=C.UTF-8 bash script"),
+    "busybox": ("sh", SHELL, "busybox sh script"),
+    "zsh": ("sh", SHELL, "LC_ALL=C.UTF-8 zsh -f script"),
+    "make": ("make", MAKE, "make -s -f script"),
+    "cmake": ("cmake", CMAKE, "cmake -P script"),
+    "tclsh": ("tcl", TCL, "LC_ALL=C tclsh script"),
+    "python3": ("json", None, None),
+}
+
+
+def xml(text):
+    """An attribute's value."""
+    return b'"' + re.sub(rb'[&<>"\t\n\r]', lambda c: b"&#%d;" % c[0][0], text) + b'"'
+
+
+def hostile_board():
+    text = open(source + "/tests/data/board_spec.xml", "rb").read()
+    parts = {"compile": b"", "global_mem": b"", "channels": b"", "interfaces": b""}
+    for number, hostile in enumerate(TEXTS):
+        parts["compile"] += (
+            b'<compile name=%s project="" revision="" lomb_file=%s generic_kernel="1"><generate cmd=""/>'
+            b'<synthesize cmd=%s/><auto_migrate platform_type="auto"/></compile>'
+            % (xml(b"f" + hostile), xml(hostile), xml(hostile)))
+        parts["global_mem"] += (
+            b'<global_mem name=%s max_bandwidth="%d.5"><interface name=%s type="slave" width="8"'
+            b' address="%d" size="16"><port name=%s direction="r"/></interface></global_mem>'
+            % (xml(b"m" + hostile), number, xml(hostile), 16 * number, xml(hostile)))
+        parts["channels"] += (
+            b'<interface name="n" port="p" type="streamsink" width="8" chan_id=%s clock=%s/>'
+            % (xml(b"c" + hostile), xml(hostile)))
+        parts["interfaces"] += (
+            b'<interface name="n" port="p" type="irq" enable=%s/>' % xml(hostile))
+    for name, part in parts.items():
+        first, last = text.index(b"<" + name.encode()), text.rindex(b"</%s>" % name.encode())
+        if name in ("channels", "interfaces"):
+            first += len(name) + 2
+        else:
+            last += len(name) + 3
+        text = text[:first] + part + text[last:]
+    return text.replace(b"</interfaces>",
+                        b'<kernel_clk_reset clk="1" clk2x="2" reset="3"/></interfaces>')
+
+
+def variables_of_json(value, name):
+    """The variables that say what a part of a JSON document says."""
+    if isinstance(value, dict):
+        for member, part in value.items():
+            if member not in ("attribute", "attribute_width", "hazard_free_attributes"):
+                yield from variables_of_json(part, f"{name}_{member}")
+    elif isinstance(value, list):
+        plural = {"memory": "memories"}.get(name.rpartition("_")[2], name.rpartition("_")[2] + "s")
+        yield f"{name.rpartition('_')[0]}_num_{plural}", str(len(value))
+        for number, part in enumerate(value):
+            yield from variables_of_json(part, f"{name}_{number}")
+    elif isinstance(value, bool) or value is None:
+        yield name, str(int(value)) if value is not None else ""
+    else:
+        yield name, value if isinstance(value, str) else f"{value:g}" \
+            if isinstance(value, float) else str(value)
+
+
+def read_json(text):
+    whole = json.loads(text)
+    board = whole["board"]
+    parts = [(whole["answers"], "vemo"), (whole["flows"], "vemo_flow"),
+             (board["global_mem"], "vemo_memory"), (board["channels"]["interface"], "vemo_channel"),
+             (board["interfaces"]["interface"], "vemo_interface"),
+             (whole["files"].pop("candidates"), "vemo_candidate"), (whole["files"], "vemo_file"),
+             (board["host"]["kernel_config"], "vemo_kernel_config")]
+    return {name: value.encode() for part, prefix in parts
+            for name, value in variables_of_json(part, prefix)}
+
+
+def dump(format_name):
+    return subprocess.run([DUMP, "--format=" + format_name, "board_spec.xml"],
+                          stdout=subprocess.PIPE, check=True).stdout
+
+
+reader, = arguments
+need(DUMP, reader)
+for model in ["dev.xml", "tm.xml"]:
+    os.symlink(f"{source}/tests/data/{model}", model)
+open("board_spec.xml", "wb").write(hostile_board())
+expected = {}
+for word in shlex.split(dump("sh").decode("latin-1")):
+    variable, _, text = word.partition("=")
+    expected[variable] = text.encode("latin-1")
+for number, text in enumerate(TEXTS):
+    for variable, prefix in [("flow_%d_name", b"f"), ("flow_%d_synthesize_cmd", b""),
+                             ("memory_%d_name", b"m"), ("memory_%d_interface_0_name", b""),
+                             ("memory_%d_interface_0_port_0_name", b""),
+                             ("channel_%d_chan_id", b"c"), ("interface_%d_enable", b"")]:
+        check(variable, expected["vemo_" + variable % number], prefix + text)
+
+format_name, script, command = READERS[reader]
+open("dump", "wb").write(dump(format_name))
+open("names", "w").writelines(f"{name}\n" for name in expected)
+if script is None:
+    found = read_json(open("dump", "rb").read())
+else:
+    os.mkdir("values")
+    open("script", "w").write(script)
+    result = subprocess.run(command, shell=True, stdout=subprocess.PIPE, check=True).stdout
+    found = dict(zip(expected, result.split(b"\0"), strict=False))
+if format_name in ("json", "tcl"):
+    expected = {name: value.decode(errors="replace").encode() for name, value in expected.items()}
+for name, value in expected.items():
+    check(name, found.get(name), value)
+check("names", set(found) ^ set(expected), set())
+check("a text was executed", os.path.exists("hit"), False)
