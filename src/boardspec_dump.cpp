@@ -23,6 +23,7 @@ constexpr const char* PROGRAM = "vemo-boardspec-dump";
 #include <CLI/CLI.hpp>
 
 #include "BoardDump/AssignmentDump.h"
+#include "BoardDump/CHeaderDump.h"
 #include "BoardDump/Depfile.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/OutputFile.h"
@@ -42,6 +43,7 @@ constexpr Format FORMATS[] = {
     {"text", vemo::dump::text_dump},   {"json", vemo::dump::json_dump},
     {"sh", vemo::dump::shell_dump},    {"make", vemo::dump::make_dump},
     {"cmake", vemo::dump::cmake_dump}, {"tcl", vemo::dump::tcl_dump},
+    {"c", vemo::dump::c_dump},
 };
 
 constexpr const char* FORMAT_HELP = R"(Formats:
@@ -56,6 +58,8 @@ constexpr const char* FORMAT_HELP = R"(Formats:
   make, cmake, tcl
         The same variables to include in a GNU makefile or a CMake script, or to
         source in a Tcl script.
+  c     A header for C and C++ with macros for the memories, the kernel window,
+        the channels and the compile flows.
 
 Examples:
   vemo-boardspec-dump board_spec.xml
@@ -107,7 +111,7 @@ void declare(CLI::App& app, Options& options) {
     app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_BOARDSPEC_VERSION,
                          "Print the version and exit");
     auto* format = app.add_option("--format", options.format,
-                                  "text (the default), json, sh, make, cmake or tcl")
+                                  "text (the default), json, sh, make, cmake, tcl or c")
                        ->option_text("FORMAT")
                        ->check(CLI::IsMember(format_names()))
                        ->take_last();

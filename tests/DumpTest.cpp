@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "BoardDump/CHeaderDump.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
@@ -85,6 +86,27 @@ TEST_F(Dump, AssignsVariables) {
         const std::size_t begin = text.find("flow_1_synthesize_");
         EXPECT_EQ(text.substr(begin + 18, std::string(line).size()), line);
         EXPECT_NE(text.find("channel_1_port_0_name"), std::string::npos);
+    }
+}
+
+TEST_F(Dump, DefinesMacrosOfLegalNames) {
+    std::string board = edit(edit(BOARD, "QDR", "ddr"), "\"alpha\"", "\"é\"");
+    board = edit(edit(board, "\"zeta\"", "\"-z__e?1-\""), "<channels...</channels>", "");
+    dir.write("board_spec.xml", edit(board, "rev2", std::string(4096, 'x')));
+    const std::string text = vemo::dump::c_dump(load().sources());
+    for (const char* part : {
+             "\n#define VEMO_MEMORY_DDR_NAME \"DDR\"\n",
+             "\n#define VEMO_MEMORY_DDR_TYPE \"shared physical\"\n",
+             "\n#define VEMO_MEMORY_DDR_BASE 0x00000000u\n",
+             "\n#define VEMO_MEMORY_DDR_SIZE 0x00002000u\n",
+             "\n#define VEMO_MEMORY_DDR_1_NAME \"ddr\"\n",
+             "\n#define VEMO_NUM_CHANNELS 0u\n#define VEMO_FOR_EACH_CHANNEL(X)\n",
+             "\n#define VEMO_FLOW_Z_E_1_NAME \"-z__e\\?1-\"\n",
+             "\n#define VEMO_FLOW_1_NAME \"\\303\\251\"\n",
+             "\nstatic const char VEMO_FLOW_1_REVISION[] = {'x', 'x', 'x'",
+             "\n#define VEMO_FOR_EACH_FLOW(X) \\\n    X(Z_E_1) \\\n    X(1)\n",
+         }) {
+        EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     }
 }
 

@@ -45,7 +45,7 @@ for number, name in enumerate(NAMES + NAMES_OF_ONE[builder]):
         check(f"{name!r}, change of {file}", run(builder)[0], 0)
         os.utime(file, (1, 1))
         runs = len(read("runs"))
-        check(f"{name!r}, after a change of {file}", (run(builder)[0], len(read("runs"))), (0, runs))
+        check(f"{name!r}, no change of {file}", (run(builder)[0], len(read("runs"))), (0, runs))
     check(f"{name!r}, runs", len(read("runs")), 1 + len(files))
     if not re.search("^\\.$|[%=\t]", name):
         shutil.move(files[2], "peltrab.xml")

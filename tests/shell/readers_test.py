@@ -1,5 +1,6 @@
 """Reads a dump with the program that it is for, which is the argument, and compares all values with
-those of the format sh. The texts of the board have every byte, and what means something to a reader."""
+those of the format sh. The texts of the board have every byte, and what a reader could take for
+something else."""
 
 import json
 import os
@@ -15,7 +16,7 @@ TEXTS = [b"\xe2\x82", bytes(range(1, 256)), b"", b" ", b"\t a ", b"\\", b"a\\\\"
          b"'", b'"$x"', b"${x}", b"@x@", b"$$", b"';:>hit;'", b"\xff'", b"a\n:= b", b"endef",
          b"endef\n", b"-n", b"define x", b"a;b", b"\\;", b"]==]", b"[[", b"]=", b"[exec touch hit]",
          b"{", b"}", b"??/", b"%s", b"*/", "\u00e9\U0001f600\ufeff".encode(), b"\xed\xa0\x80",
-         b"\\u0041", b"0\\\x01" + b"1", b"x" * 5000]
+         b"\\u0041", b"0\\\x01" + b"1", b"x" * 4095, b"y" * 4096, b"\xe4" * 9999]
 SHELL = """text=$(cat dump) && eval "$text" || exit
 while read -r name; do eval "printf '%s\\\\0' \\"\\$$name\\""; done <names"""
 MAKE = """include dump
@@ -30,6 +31,23 @@ execute_process(COMMAND sh -c "while read -r n; do cat values/$n; printf '\\\\0'
 TCL = """source dump
 fconfigure stdout -encoding utf-8 -translation lf
 foreach name [split [read -nonewline [open names]] \\n] {puts -nonewline [set $name]\\0}"""
+# Includes the header twice, and prints what it says about each thing in turn.
+C = """#include <stdio.h>
+#include "dump"
+#include "dump"
+#define TEXT(macro) fwrite(macro, 1, sizeof macro, stdout);
+#define NUMBER(macro) printf("%llu", (unsigned long long)(macro)); putchar(0);
+#define MEMORY(m) NUMBER(VEMO_MEMORY_##m##_INDEX) TEXT(VEMO_MEMORY_##m##_NAME) \\
+    NUMBER(VEMO_MEMORY_##m##_BASE) NUMBER(VEMO_MEMORY_##m##_SIZE) NUMBER(VEMO_MEMORY_##m##_WIDTH)
+#define CHANNEL(c) NUMBER(VEMO_CHANNEL_##c##_INDEX) TEXT(VEMO_CHANNEL_##c##_NAME) \\
+    TEXT(VEMO_CHANNEL_##c##_TYPE) NUMBER(VEMO_CHANNEL_##c##_WIDTH)
+#define FLOW(f) NUMBER(VEMO_FLOW_##f##_INDEX) TEXT(VEMO_FLOW_##f##_NAME) \\
+    TEXT(VEMO_FLOW_##f##_LOMB_FILE) NUMBER(VEMO_FLOW_##f##_GENERIC_KERNEL)
+int main(void) {
+    TEXT(VEMO_BOARD_NAME) NUMBER(VEMO_KERNEL_CONFIG_START) NUMBER(VEMO_KERNEL_CONFIG_SIZE)
+    VEMO_FOR_EACH_MEMORY(MEMORY) VEMO_FOR_EACH_CHANNEL(CHANNEL) VEMO_FOR_EACH_FLOW(FLOW)
+    NUMBER(VEMO_NUM_MEMORIES) NUMBER(VEMO_NUM_CHANNELS) NUMBER(VEMO_NUM_FLOWS)
+}"""
 READERS = {  # format, script and command
     "dash": ("sh", SHELL, "dash script"),
     "bash": ("sh", SHELL, "LC_ALL=C.UTF-8 bash script"),
@@ -38,6 +56,8 @@ READERS = {  # format, script and command
     "make": ("make", MAKE, "make -s -f script"),
     "cmake": ("cmake", CMAKE, "cmake -P script"),
     "tclsh": ("tcl", TCL, "LC_ALL=C tclsh script"),
+    "gcc": ("c", C, "gcc -std=c11 -Wall -Wextra -Wpedantic -Werror -x c script && ./a.out"),
+    "g++": ("c", C, "g++ -std=c++17 -Wall -Wextra -Wpedantic -Werror -x c++ script && ./a.out"),
     "python3": ("json", None, None),
 }
 
@@ -52,8 +72,8 @@ def hostile_board():
     parts = {"compile": b"", "global_mem": b"", "channels": b"", "interfaces": b""}
     for number, hostile in enumerate(TEXTS):
         parts["compile"] += (
-            b'<compile name=%s project="" revision="" lomb_file=%s generic_kernel="1"><generate cmd=""/>'
-            b'<synthesize cmd=%s/><auto_migrate platform_type="auto"/></compile>'
+            b'<compile name=%s project="" revision="" lomb_file=%s generic_kernel="1">'
+            b'<generate cmd=""/><synthesize cmd=%s/><auto_migrate platform_type="auto"/></compile>'
             % (xml(b"f" + hostile), xml(hostile), xml(hostile)))
         parts["global_mem"] += (
             b'<global_mem name=%s max_bandwidth="%d.5"><interface name=%s type="slave" width="8"'
@@ -105,6 +125,19 @@ def read_json(text):
             for name, value in variables_of_json(part, prefix)}
 
 
+def names_in_c():
+    """The variables whose values the program in C prints."""
+    yield from ["vemo_name", "vemo_kernel_config_start", "vemo_kernel_config_size"]
+    for kind, attributes in [
+            ("memory", ["name", "min_address", "interface_0_size", "interface_0_width"]),
+            ("channel", ["chan_id", "type", "width"]),
+            ("flow", ["name", "lomb_file", "generic_kernel"])]:
+        for number in range(len(TEXTS)):
+            yield str(number)  # stands for itself
+            yield from (f"vemo_{kind}_{number}_{attribute}" for attribute in attributes)
+    yield from ["vemo_num_memories", "vemo_num_channels", "vemo_num_flows"]
+
+
 def dump(format_name):
     return subprocess.run([DUMP, "--format=" + format_name, "board_spec.xml"],
                           stdout=subprocess.PIPE, check=True).stdout
@@ -131,14 +164,18 @@ open("dump", "wb").write(dump(format_name))
 open("names", "w").writelines(f"{name}\n" for name in expected)
 if script is None:
     found = read_json(open("dump", "rb").read())
+    check("names", set(found) ^ set(expected), set())
+    values = [found[name] for name in expected]
 else:
     os.mkdir("values")
     open("script", "w").write(script)
     result = subprocess.run(command, shell=True, stdout=subprocess.PIPE, check=True).stdout
-    found = dict(zip(expected, result.split(b"\0"), strict=False))
-if format_name in ("json", "tcl"):
-    expected = {name: value.decode(errors="replace").encode() for name, value in expected.items()}
-for name, value in expected.items():
-    check(name, found.get(name), value)
-check("names", set(found) ^ set(expected), set())
+    values = result.removesuffix(b"\0").split(b"\0")
+names = list(names_in_c() if format_name == "c" else expected)
+check("number of values", len(values), len(names))
+for name, value in zip(names, values):
+    text = expected.get(name, name.encode())
+    if format_name in ("json", "tcl"):
+        text = text.decode(errors="replace").encode()
+    check(name, value, text)
 check("a text was executed", os.path.exists("hit"), False)
