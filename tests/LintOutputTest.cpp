@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 #include "BoardLint/GithubOutput.h"
 #include "BoardLint/JsonOutput.h"
 #include "BoardLint/SarifOutput.h"
@@ -108,8 +108,8 @@ TEST(LintOutputs, DoNotLetFilesForgeLines) {
     for (const auto& [output, num_lines] : outputs) {
         std::string kept;  // nothing but characters that a terminal shows, in a number of lines
         for (std::string_view rest = output; !rest.empty();) {
-            const Character character = take_character(rest);
-            kept += character.bytes == "\n" ? "\n" : printable(character);
+            const vemo::Character character = vemo::take_character(rest);
+            kept += character.bytes == "\n" ? "\n" : vemo::printable(character);
         }
         EXPECT_TRUE(kept == output) << output;
         EXPECT_EQ(split(output, "\n").size(), num_lines + 1) << output;

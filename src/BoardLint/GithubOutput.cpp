@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 #include "BoardLint/FindingText.h"
 
 namespace vemo::lint {

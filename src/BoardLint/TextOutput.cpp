@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 #include "BoardLint/FindingText.h"
 
 namespace vemo::lint {

@@ -1,4 +1,4 @@
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 #include "Base/ArrayView.h"
 
-namespace vemo::lint {
+namespace vemo {
 namespace {
 
 struct Range {
@@ -14,9 +14,11 @@ struct Range {
     char32_t last;
 };
 
-// Controls, line and paragraph separators, direction marks and overrides, and what has no width.
-constexpr Range HIDDEN[] = {{0x00, 0x1f},     {0x7f, 0x9f},     {0xad, 0xad},      {0x61c, 0x61c},
-                            {0x180e, 0x180e}, {0x200b, 0x200f}, {0x2028, 0x202e},  {0x2060, 0x206f},
+// Controls, line and paragraph separators, direction marks and overrides, what has no width, and
+// code points that are no characters (the last two of each plane are checked apart).
+constexpr Range HIDDEN[] = {{0x00, 0x1f},     {0x7f, 0x9f},     {0xad, 0xad},
+                            {0x61c, 0x61c},   {0x180e, 0x180e}, {0x200b, 0x200f},
+                            {0x2028, 0x202e}, {0x2060, 0x206f}, {0xfdd0, 0xfdef},
                             {0xfeff, 0xfeff}, {0xfff9, 0xfffb}, {0xe0000, 0xe0fff}};
 
 constexpr Range COMBINING[] = {{0x300, 0x36f},   {0x483, 0x489},   {0x591, 0x5bd},
@@ -36,6 +38,8 @@ bool is_in(char32_t code, ArrayView<Range> ranges) {
                          [](const Range& candidate, char32_t c) { return candidate.last < c; });
     return range != ranges.end() && range->first <= code;
 }
+
+bool is_hidden(char32_t code) { return is_in(code, HIDDEN) || (code & 0xfffeU) == 0xfffe; }
 
 /// Least code point that takes a sequence of this many bytes: shorter ones must not.
 constexpr char32_t LEAST[] = {0, 0, 0x80, 0x800, 0x10000};
@@ -93,7 +97,7 @@ std::size_t count_characters(std::string_view text) {
 }
 
 std::string printable(const Character& character) {
-    if (character.is_valid && !is_in(character.code, HIDDEN)) {
+    if (character.is_valid && !is_hidden(character.code)) {
         return std::string(character.bytes);
     }
     char escape[sizeof "\\u{10ffff}"];
@@ -124,4 +128,4 @@ std::size_t display_width(std::string_view text) {
     return width;
 }
 
-}  // namespace vemo::lint
+}  // namespace vemo

@@ -7,7 +7,7 @@
 // The characters of texts that come from files: how many columns they take, and how they are shown
 // so that no terminal obeys them.
 
-namespace vemo::lint {
+namespace vemo {
 
 /// A character of UTF-8, or a byte that is none.
 struct Character {
@@ -34,4 +34,4 @@ std::string printable(const Character& character);
 /// ones.
 std::size_t display_width(std::string_view text);
 
-}  // namespace vemo::lint
+}  // namespace vemo
