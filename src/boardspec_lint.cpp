@@ -27,7 +27,7 @@ constexpr const char* PROGRAM = "vemo-boardspec-lint";
 
 #include <CLI/CLI.hpp>
 
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 #include "BoardLint/GithubOutput.h"
 #include "BoardLint/JsonOutput.h"
 #include "BoardLint/PackageCheck.h"
@@ -115,7 +115,7 @@ constexpr Format FORMATS[] = {{"text", text_format},
                               {"github", github_format}};
 
 void say(const std::string& message) {
-    std::fprintf(stderr, "%s: %s\n", PROGRAM, vemo::lint::printable(message).c_str());
+    std::fprintf(stderr, "%s: %s\n", PROGRAM, vemo::printable(message).c_str());
 }
 
 /// The exit status.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "BoardLint/Characters.h"
+#include "Base/Characters.h"
 
 namespace vemo::lint {
 namespace {
