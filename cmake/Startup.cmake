@@ -9,7 +9,8 @@ target_link_options(vemo_startup INTERFACE LINKER:--gc-sections)
 
 # The dynamic linker searches the libraries in link order. Nearly all symbols are those of the C++
 # library, so it comes first. (Except with sanitizers, whose libraries must be first.)
-if(NOT "${CMAKE_CXX_FLAGS} ${CMAKE_EXE_LINKER_FLAGS}" MATCHES "-fsanitize|-stdlib=libc|-static")
+if(NOT VEMO_STATIC
+    AND NOT "${CMAKE_CXX_FLAGS} ${CMAKE_EXE_LINKER_FLAGS}" MATCHES "-fsanitize|-stdlib=libc|-static")
     target_link_options(vemo_startup INTERFACE
         LINKER:--push-state,--no-as-needed,-lstdc++,--pop-state)
 endif()
