@@ -42,8 +42,11 @@ set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH pc_to_prefix "${CMAKE_INSTALL_PREFIX}/${pc_dir}" "${CMAKE_INSTALL_PREFIX}")
 vemo_install_text(FILES "${pc_dir}" cmake/vemo-boardspec.pc)
 
-# The schemas, with the catalog in which editors look them up.
-install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}")
+# The schemas, with the catalog in which editors look them up, and that of the JSON output.
+install(DIRECTORY schema/ DESTINATION "${vemo_schema_dir}" PATTERN "*.json" EXCLUDE)
+if(VEMO_BUILD_DUMP)
+    install(FILES schema/board.schema.json DESTINATION "${CMAKE_INSTALL_DATADIR}/vemo-boardspec")
+endif()
 
 # Manual pages and completions. bash and fish look for a file named after the program; in zsh, one
 # file lists its programs.

@@ -27,7 +27,7 @@ ALLOWED = {
     # alone walks documents itself.
     "BoardPackage": "Base BaseXmlLoader BoardSpec BoardSpecXml/BoardSpecXmlLoader DeviceModel"
                     " DeviceModelXmlLoader TargetModel TargetModelXmlLoader",
-    "BoardDump": "Base BoardPackage BoardSpec DeviceModel TargetModel",
+    "BoardDump": "Base BoardPackage BoardSpec DeviceModel TargetModel vemo-boardspec-version",
     "BoardLint": "Base BaseVisitor BaseXmlLoader BoardPackage BoardSpec BoardSpecXml"
                  " BoardSpecXml/BoardSpecXmlLoader DeviceModel DeviceModelXml DeviceModelXmlLoader"
                  " TargetModel TargetModelXml TargetModelXmlLoader vemo-boardspec-version",

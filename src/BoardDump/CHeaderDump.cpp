@@ -111,7 +111,8 @@ public:
         define("VEMO_NUM_" + plural, number_text(items.size()));
         for (std::size_t i = 0; i < items.size(); ++i) {
             const std::string part = take_part(name_of(items[i]), i, taken);
-            const std::string prefix = std::string("VEMO_").append(kind + "_" + part).append("_");
+            std::string prefix = "VEMO_" + kind + "_";
+            prefix.append(part).append("_");
             define(prefix + "INDEX", number_text(i));
             define_text(prefix + "NAME", name_of(items[i]));
             define_item(prefix, items[i]);

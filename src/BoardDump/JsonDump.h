@@ -8,6 +8,9 @@ namespace vemo::dump {
 
 /// Every answer and the three models as one JSON object, UTF-8 whatever the files contain: bytes
 /// that are none become U+FFFD. Its members:
+///   "format_version"
+///                   1; another number when a member is removed or its meaning changes
+///   "tool_version"  that of the program
 ///   "files"         paths of the files that were read, and the "candidates" of PackageFiles
 ///   "answers"       every command with its answer (of the default flow), all of them texts
 ///   "flows"         per compile flow: its name, and the commands that read a flow with their
