@@ -27,7 +27,8 @@ public:
     explicit PackageCheck(std::size_t max_findings) : m_max_findings(max_findings) {}
 
     /// Checks the file `path`. Its root element says what it is; a file that is called
-    /// board_spec.xml, or has another root, is a board. Returns false, with errno set, if the file cannot be opened.
+    /// board_spec.xml, or has another root, is a board. Returns false, with errno set, if the file
+    /// cannot be opened.
     bool check(const std::string& path);
 
     /// In the order of the files: a board, its device model, its target model.
