@@ -22,6 +22,7 @@ constexpr const char* PROGRAM = "vemo-boardspec-dump";
 
 #include <CLI/CLI.hpp>
 
+#include "BoardDump/AddressMap.h"
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/CHeaderDump.h"
 #include "BoardDump/Depfile.h"
@@ -29,6 +30,7 @@ constexpr const char* PROGRAM = "vemo-boardspec-dump";
 #include "BoardDump/OutputFile.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
+#include "BoardSpec/MemoryOverlap.h"
 #include "vemo-boardspec-version.h"
 
 namespace {
@@ -47,8 +49,8 @@ constexpr Format FORMATS[] = {
 };
 
 constexpr const char* FORMAT_HELP = R"(Formats:
-  text  The models as text, every compile flow, and a table and an address map
-        of the global memories: "--" marks a gap, "!!" an overlap.
+  text  Compile flows, global memories with an address map ("--" marks a gap, "!!"
+        an overlap), ports, and the models.
   json  One object: "answers" (of every vemo-boardspec command), "flows" (the
         answers of each compile flow), "board", "device_model" and
         "target_model" (all that the files say).
@@ -167,6 +169,37 @@ int write(const Options& options, const vemo::AnswerSources& sources) {
     return EXIT_SUCCESS;
 }
 
+/// What there is to add to an error if the board is refused only because its memories overlap.
+std::string overlap_hint(const std::string& board_path) {
+    try {
+        const vemo::BoardPackage package(board_path, vemo::board::Overlap::Allow);
+        const vemo::board::BoardSpec& spec = *package.sources().spec;
+        if (vemo::board::has_overlapping_memories(spec.get_global_mem_configs())) {
+            return vemo::dump::overlap_text(spec)
+                   + ".\nUse --allow-overlap to dump the board nevertheless.\n";
+        }
+    } catch (const vemo::LoadError&) {  // there is another reason
+    }
+    return "";
+}
+
+/// The exit status.
+int dump(const Options& options) {
+    using vemo::board::Overlap;
+    try {
+        const vemo::BoardPackage package(options.board_path,
+                                         options.allow_overlap ? Overlap::Allow : Overlap::Refuse);
+        return write(options, package.sources());
+    } catch (const vemo::LoadError& error) {
+        std::fputs(error.reports().c_str(), stderr);
+        const int status = fail(error.what());
+        if (!options.allow_overlap) {
+            std::fputs(overlap_hint(options.board_path).c_str(), stderr);
+        }
+        return status;
+    }
+}
+
 int run(int argc, char** argv) {
     CLI::App app;
     Options options;
@@ -183,10 +216,7 @@ int run(int argc, char** argv) {
     if (!options.depfile.empty() && options.depfile_target.empty() && options.output.empty()) {
         return fail_usage("--depfile requires --output or --depfile-target");
     }
-    using vemo::board::Overlap;
-    const vemo::BoardPackage package(options.board_path,
-                                     options.allow_overlap ? Overlap::Allow : Overlap::Refuse);
-    return write(options, package.sources());
+    return dump(options);
 }
 
 }  // namespace
@@ -194,9 +224,6 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
-    } catch (const vemo::LoadError& error) {
-        std::fputs(error.reports().c_str(), stderr);
-        return fail(error.what());
     } catch (const std::exception& error) {
         return fail(error.what());
     }

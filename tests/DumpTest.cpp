@@ -39,10 +39,10 @@ TEST_F(Dump, MapsAddresses) {
         edit(BOARD, "address=\"0x0\" size=\"0x1000\"", "address=\"0xfffff000\" size=\"0x2000\"");
     board = edit(board, "address=\"0x1000\" size", "address=\"0x1800\" size");
     dir.write("board_spec.xml", edit(board, "size=\"0x800\"", "size=\"0x2001\""));
-    EXPECT_EQ(edit(text(), "...Global memories:\n", ""),
+    EXPECT_EQ(edit(edit(text(), "...Global memories:\n", ""), "\nPorts:...AR\n", ""),
               R"(  name  type             max bandwidth  interleaving  config addr  addresses
   DDR   shared physical          100.5  1 KiB x 2     0x00000018   0xfffff000-0x000027ff
-  QDR   device private               0  none          0x00000000   0x00002000-0x00004000
+  QDR   device private               0                             0x00002000-0x00004000
 
 Address map:
       0x00000000-0x00000fff       4 KiB  DDR  d0.d0_r/d0_w (wrapped)
@@ -58,17 +58,19 @@ Address map:
 TEST_F(Dump, ShortensNamesThatStandInManyRows) {
     const std::string beginning(63, 'n');
     dir.write("board_spec.xml", edit(BOARD, "\"QDR", "\"" + beginning + "\xc3\xa9nn"));
-    const auto parts = split(text(), "Global memories:\n");
-    EXPECT_EQ(split(parts.at(1), "  " + beginning + "...  ").size(), 3u) << parts.at(1);
+    const std::string tables = edit(text(), "Board specification...AR\n", "");
+    EXPECT_EQ(split(tables, "  " + beginning + "...  ").size(), 4u) << tables;
 }
 
 TEST_F(Dump, TellsModelsInText) {
     EXPECT_EQ(fill(text(), {{dir.path + "/", ""}}), read_data("dump.txt"));
-    dir.write("board_spec.xml", edit(edit(BOARD, "\"0x800\"", "\"0xffffe000\""), "QDR", "QDRé"));
-    EXPECT_EQ(split(text(), "Address map:\n").at(1),
-              R"(      0x00000000-0x00000fff   4 KiB  DDR   d0.d0_r/d0_w
-      0x00001000-0x00001fff   4 KiB  DDR   d1.d1_p
-      0x00002000-0xffffffff  ~4 GiB  QDRé  q.q_p
+    const std::string board = edit(edit(BOARD, "\"0x800\"", "\"0xffffe000\""), "QDR", "QDRé");
+    dir.write("board_spec.xml", edit(edit(board, "\"zeta\"", "\"\""), "\"acme\"", "\"\""));
+    EXPECT_EQ(text().find("Board: (unnamed)\n\nDefault compile flow: (unnamed)\n"), 0U);
+    EXPECT_EQ(split(split(text(), "Address map:\n").at(1), "\nPorts:").at(0),
+              R"(  0x00000000-0x00000fff   4 KiB  DDR   d0.d0_r/d0_w
+  0x00001000-0x00001fff   4 KiB  DDR   d1.d1_p
+  0x00002000-0xffffffff  ~4 GiB  QDRé  q.q_p
 )");
 }
 
@@ -173,14 +175,18 @@ TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
                                      "<global_mem name=\"O\" max_bandwidth=\"1\"><global_mem"),
                                 "</global_mem>\n<host", "</global_mem></global_mem>\n<host"));
     EXPECT_EQ(run("./dump --allow-overlap board_spec.xml"), 0);
-    EXPECT_NE(dir.read("out").find("not a valid board"), std::string::npos);
+    EXPECT_NE(dir.read("out").find("overlap: not a valid board\n"), std::string::npos);
     EXPECT_EQ(run("./dump --version && ./dump --help"), 0);
     EXPECT_EQ(dir.read("out").find("vemo-boardspec-dump "), 0u);
     EXPECT_NE(dir.read("out").find("Exit status: 0, or 1"), std::string::npos);
     const std::pair<const char*, std::string> cases[] = {
         {"./dump board_spec.xml",
          "Error in 'board_spec.xml':\nGlobal memory regions overlap.\nError: Failed to load xml "
-         "file: board_spec.xml\nMake sure the Board Package is compatible"},
+         "file: board_spec.xml\nMake sure the Board Package is compatible with the current "
+         "edition\n"
+         "Global memories 'DDR' (0x00000000-0x00001fff) and 'QDR' (0x00001800-0x00001fff) "
+         "overlap.\n"
+         "Use --allow-overlap to dump the board nevertheless.\n"},
         {"./dump outer.xml", "Error: Global memory 'O' has no interface.\n"},
         {"./dump", "Error: "},
         {"./dump --format=xml board_spec.xml", "Error: "},

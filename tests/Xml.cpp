@@ -24,6 +24,15 @@ std::string edit(std::string text, const std::string& from, const std::string& t
     return text.replace(begin, end + tail.size() - begin, to);
 }
 
+std::string dumped_model(const std::string& title) {
+    for (const std::string& part : split(read_data("dump.txt"), "\n\n")) {
+        if (part.rfind(title, 0) == 0) {
+            return part;
+        }
+    }
+    throw std::logic_error("not in dump.txt: " + title);
+}
+
 ShellTest::ShellTest(const char* link, const char* variable, const char* program) {
     const char* other = std::getenv(variable);
     std::filesystem::create_symlink(other == nullptr ? program : other, dir / link);

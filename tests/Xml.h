@@ -55,6 +55,9 @@ struct Case {
 /// The cases of lines that data/board.cases describes.
 std::vector<Case> parse_cases(const std::string& document, const std::string& lines);
 
+/// The part of data/dump.txt that begins with `title`.
+std::string dumped_model(const std::string& title);
+
 /// The groups of cases in a file of data/, by name.
 std::map<std::string, std::vector<Case>> read_cases(const std::string& file);
 std::vector<std::string> read_group_names(const std::string& file);

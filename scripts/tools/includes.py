@@ -33,7 +33,7 @@ ALLOWED = {
                  " TargetModel TargetModelXml TargetModelXmlLoader vemo-boardspec-version",
     "boardspec": "Base BaseXmlLoader BoardPackage BoardSpec BoardSpecXml/BoardSpecXmlLoader"
                  " DeviceModel DeviceModelXmlLoader TargetModel TargetModelXmlLoader",
-    "boardspec_dump": "Base BoardDump BoardPackage vemo-boardspec-version",
+    "boardspec_dump": "Base BoardDump BoardPackage BoardSpec vemo-boardspec-version",
     "boardspec_lint": "Base BoardLint vemo-boardspec-version",
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "BoardDump/TextLayout.h"
+#include "BoardSpec/MemoryOverlap.h"
 
 namespace vemo::dump {
 namespace {
@@ -91,7 +92,24 @@ std::string size_text(std::uint64_t bytes) {
 }
 
 std::string memory_name_text(const board::GlobalMemConfig& memory) {
-    return memory.name.empty() ? "(unnamed)" : shortened(memory.name);
+    return shortened(name_text(memory.name));
+}
+
+std::string memory_range_text(const board::GlobalMemConfig& memory) {
+    return range_text(memory.get_min_byte_address(), memory.get_max_byte_address());
+}
+
+std::string overlap_text(const board::BoardSpec& spec) {
+    const auto& memories = spec.get_global_mem_configs();
+    const auto [first, second] = board::overlapping_memories(memories, 1).front();
+    std::string text = "Global memories";
+    const char* separator = " '";
+    for (const board::GlobalMemConfig* memory : {memories[first], memories[second]}) {
+        text += separator + printable(memory_name_text(*memory)) + "' (";
+        text += memory_range_text(*memory) + ")";
+        separator = " and '";
+    }
+    return text + " overlap";
 }
 
 std::string address_map(const board::BoardSpec& spec) {
@@ -102,7 +120,7 @@ std::string address_map(const board::BoardSpec& spec) {
         if (farthest != nullptr && region.first > farthest->last + 1) {
             add_note(table, "--", farthest->last + 1, region.first - 1, "gap");
         }
-        table.add_row({"  ", range_text(region.first, region.last),
+        table.add_row({"", range_text(region.first, region.last),
                        size_text(region.last - region.first + 1), region.memory,
                        region.interface + region.note});
         if (farthest != nullptr && region.first <= farthest->last) {

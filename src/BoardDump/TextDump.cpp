@@ -3,6 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "Base/JoinedList.h"
 #include "BoardDump/AddressMap.h"
 #include "BoardDump/FlowSources.h"
 #include "BoardDump/TextLayout.h"
@@ -50,8 +51,8 @@ std::string flow_text(const AnswerSources& sources) {
 }
 
 std::string memory_table(const board::BoardSpec& spec) {
-    TextTable table("llrlll");
-    table.add_row({"name", "type", "max bandwidth", "interleaving", "config addr", "addresses"});
+    TextTable table("llrlll",
+                    {"name", "type", "max bandwidth", "interleaving", "config addr", "addresses"});
     for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
         std::ostringstream max_bandwidth;
         max_bandwidth << memory->get_max_bandwidth();
@@ -59,11 +60,57 @@ std::string memory_table(const board::BoardSpec& spec) {
         table.add_row({memory_name_text(*memory),
                        std::string(board::MEMORY_TYPE_WORDS[memory->get_type()]),
                        max_bandwidth.str(),
-                       num_intfs == 1 ? "none"
+                       num_intfs == 1 ? ""
                                       : size_text(memory->get_num_interleaved_bytes()) + " x "
                                             + std::to_string(num_intfs),
-                       address_text(memory->config_addr),
-                       range_text(memory->get_min_byte_address(), memory->get_max_byte_address())});
+                       memory->config_addr == 0 ? "" : address_text(memory->config_addr),
+                       memory_range_text(*memory)});
+    }
+    return table.text(INDENT);
+}
+
+/// The encodings of a port's attributes.
+std::string encodings_text(const board::Port& port) {
+    std::string text;
+    append_joined(text, port.attributes, [](const auto& attribute) {
+        return attribute.first + " = " + std::to_string(attribute.second);
+    });
+    return text;
+}
+
+/// Adds a row for each port. What is about the interface is in the row of its first port.
+void add_ports(TextTable& table, const std::string& owner, const board::Interface& intf) {
+    const unsigned width = intf.get_data_width();
+    for (unsigned i = 0; i < intf.get_num_ports(); ++i) {
+        const board::Port& port = *intf.get_port(i);
+        const std::string direction(board::DIRECTION_WORDS[port.direction]);
+        const std::string encodings = encodings_text(port);
+        if (i == 0) {
+            table.add_row({owner, shortened(intf.name),
+                           std::string(board::INTERFACE_TYPE_WORDS[intf.type]),
+                           width == 0 ? "" : std::to_string(width), shortened(port.name), direction,
+                           encodings});
+        } else {
+            table.add_row({"", "", "", "", shortened(port.name), direction, encodings});
+        }
+    }
+}
+
+std::string port_table(const board::BoardSpec& spec) {
+    TextTable table("lllrlll", {"memory/channel", "interface", "type", "width", "port", "direction",
+                                "attributes"});
+    for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
+        for (const board::Interface* intf : memory->get_interfaces()) {
+            add_ports(table, memory_name_text(*memory), *intf);
+        }
+    }
+    for (const board::Interface* intf : spec.get_interface_config().get_interfaces()) {
+        add_ports(table, "(kernel)", *intf);
+    }
+    if (spec.has_channel_config()) {
+        for (const board::Interface* intf : spec.get_channel_config().get_interfaces()) {
+            add_ports(table, shortened(intf->chan_id), *intf);
+        }
     }
     return table.text(INDENT);
 }
@@ -79,21 +126,22 @@ std::string text_dump(const AnswerSources& sources) {
         }
     }
     std::ostringstream os;
-    write_board(os, spec);
-    os << "\n" << *sources.dm << "\n\n";
-    write_target_model(os, *sources.tm);
-
+    os << "Board: " << printable(name_text(spec.name)) << "\n";
     const char* title = "Default compile flow: ";
     for (const AnswerSources& flow : sources_of_flows(sources)) {
-        os << "\n" << title << printable(flow.flow->name) << "\n" << flow_text(flow);
+        os << "\n" << title << printable(name_text(flow.flow->name)) << "\n" << flow_text(flow);
         title = "Compile flow: ";
     }
     os << "\nGlobal memories:\n" << memory_table(spec);
     os << "\nAddress map:\n" << address_map(spec);
     if (board::has_overlapping_memories(spec.get_global_mem_configs())) {
-        os << "  !!  global memories overlap from their first to their last address: not a valid "
-              "board\n";
+        os << INDENT << "!!  " << overlap_text(spec) << ": not a valid board\n";
     }
+    os << "\nPorts:\n" << port_table(spec) << "\n";
+
+    write_board(os, spec);
+    os << "\n" << *sources.dm << "\n\n";
+    write_target_model(os, *sources.tm);
     return printable(os.str(), "\n");
 }
 

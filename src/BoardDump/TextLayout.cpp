@@ -48,9 +48,21 @@ std::string shortened(const std::string& text) {
     return text.substr(0, end) + "...";
 }
 
+std::string name_text(const std::string& name) { return name.empty() ? "(unnamed)" : name; }
+
+TextTable::TextTable(std::string_view alignment, std::initializer_list<std::string> titles)
+    : m_alignment(alignment), m_is_used(alignment.size()) {
+    if (titles.size() > 0) {
+        m_rows.emplace_back(titles);
+    }
+}
+
 void TextTable::add_row(std::initializer_list<std::string> cells) {
     std::vector<std::string>& row = m_rows.emplace_back();
     for (const std::string& cell : cells) {
+        if (!cell.empty()) {
+            m_is_used[row.size()] = true;
+        }
         row.push_back(printable(cell));
     }
 }
@@ -66,6 +78,9 @@ std::string TextTable::text(std::string_view indent) const {
     for (const auto& row : m_rows) {
         std::string blanks(indent);  // before the next cell; none end a line
         for (std::size_t column = 0; column < row.size(); ++column) {
+            if (!m_is_used[column]) {
+                continue;
+            }
             const std::string& cell = row[column];
             const std::string padding(widths[column] - std::min(widths[column], width(cell)), ' ');
             const bool is_right_aligned = m_alignment[column] == 'r';

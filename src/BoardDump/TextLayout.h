@@ -15,11 +15,16 @@ std::string printable(std::string_view text, std::string_view keep = "");
 /// has in several rows, or in a column: a long name must not take its length times the rows.
 std::string shortened(const std::string& text);
 
-/// A table whose columns are as wide as their widest cell, one blank pair apart.
+/// `name`, or what stands for an empty one.
+std::string name_text(const std::string& name);
+
+/// A table whose columns are as wide as their widest cell, one blank pair apart. Columns whose
+/// cells are all empty are left out.
 class TextTable {
 public:
-    /// One letter a column: 'l' for left-aligned, 'r' for right-aligned.
-    explicit TextTable(std::string_view alignment) : m_alignment(alignment) {}
+    /// One letter a column: 'l' for left-aligned, 'r' for right-aligned. The titles of the columns
+    /// are the first row, if there are any.
+    explicit TextTable(std::string_view alignment, std::initializer_list<std::string> titles = {});
 
     /// Adds a row. Its last cell takes the space it needs: it does not widen its column, which
     /// makes short rows notes that run across the table. Cells are printed as printable() gives
@@ -32,6 +37,7 @@ public:
 private:
     std::string_view m_alignment;
     std::vector<std::vector<std::string>> m_rows;
+    std::vector<bool> m_is_used;  // by column: whether a cell below the title is not empty
 };
 
 }  // namespace vemo::dump
