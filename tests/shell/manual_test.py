@@ -6,6 +6,7 @@ import glob
 import os
 import re
 import shlex
+import shutil
 import sys
 
 from support import TOOL, arguments, check, home, need, read, run, source, tool, write
@@ -18,10 +19,18 @@ QUERIES = [  # how the command ends that each tells, and the program
     (DEBUG, "make -f query.mk"),
     (DEBUG, "cmake -D BOARD=$BOARD -P query.cmake"),
     (DEBUG, f"{RECIPES}/shell/list-flows $BOARD"),
-    (DEBUG, f"make -C {RECIPES}/make BOARD=$BOARD FLOW=debug"),
-    ("", f"make -C {RECIPES}/make BOARD=$BOARD"),
+    (DEBUG, f"{RECIPES}/tcl/list-flows.tcl $BOARD"),
+    (DEBUG, f"{RECIPES}/python/list_flows.py $BOARD"),
+    (DEBUG, f"make -f {RECIPES}/make/Makefile BOARD=$BOARD FLOW=debug"),
+    ("", f"make -f {RECIPES}/make/Makefile BOARD=$BOARD"),
+    ("", f"ninja -f {RECIPES}/ninja/build.ninja"),
     (DEBUG, f"cmake -S {RECIPES}/cmake -B 1 -D BOARD=$BOARD -D FLOW=debug && cmake --build 1"),
-    ("", f"cmake -S {RECIPES}/cmake -B 2 -D BOARD=$BOARD && cmake --build 2"),
+    ("", f"cmake -S {RECIPES}/cmake -B 2 -D BOARD=$BOARD && cmake --build 2 -t system header"),
+    ("", "sh -eu dump.sh"),
+    ("", "tclsh dump.tcl"),
+    ("", "python3 dump.py"),
+    ("", "cmake -B 3 . && cmake --build 3"),
+    ("", "ninja -f dump.ninja"),
 ]
 LISTS = {  # the pattern of a command in each
     "man/vemo-boardspec.1": r"^\.It Ic (\w+)$",
@@ -42,7 +51,9 @@ if arguments == ["mandoc"]:
     check("mandoc", run(f"mandoc -Tlint -Wwarning {shlex.quote(source)}/man/*.[15]"), (0, ""))
     sys.exit()
 
-need("cmake", "make")
+need("cmake", "make", "ninja", "tclsh", os.path.dirname(tool) + "/vemo-boardspec-dump")
+check("install", run(f"cmake --install {shlex.quote(os.path.dirname(tool))} --prefix prefix")[0], 0)
+os.environ["CMAKE_PREFIX_PATH"] = home + "/prefix"
 os.environ["PATH"] = f"{home}:{os.path.dirname(tool)}:{os.environ['PATH']}"
 for name, text in [*displays("FILE"), ("kitforge", ":"), ("fendra_sh", 'echo "fendra_sh $*"')]:
     write(name, text)
@@ -75,6 +86,18 @@ for text, expected in [(device, (0, target_file + "\n")), (other, (0, "other.xml
     inodes.append(os.stat("board.mk").st_ino)
 check("board.mk is replaced", [a != b for a, b in zip(inodes, inodes[1:])], [True, False, False])
 write(device_file, device)
+
+# The recipes also notice a model that appears in a place that is searched earlier.
+os.mkdir("work")
+os.chdir("work")
+os.environ["BOARD"] = home + "/board_spec.xml"
+early = [None, lambda: shutil.copy2(f"../{target_file}", "."), lambda: os.remove(target_file)]
+for recipe, done in [(f"make -f {RECIPES}/make/Makefile BOARD=$BOARD", "--output"),
+                     (f"ninja -f {RECIPES}/ninja/build.ninja", "fendra_sh")]:
+    for edit in early:
+        _ = edit and edit()
+        check(f"{recipe}, twice", [done in run(recipe)[1] for _ in range(2)], [True, False])
+os.chdir("..")
 
 commands = re.findall(r"^(\w+)$", run(f"{TOOL} board_spec.xml '?'")[1], re.M)
 for path, pattern in LISTS.items():
