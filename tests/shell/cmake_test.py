@@ -21,7 +21,7 @@ SETTINGS = f"-G '{GENERATOR}' -D CMAKE_PREFIX_PATH={shlex.quote(home)}/prefix"
 SDK = home + "/sdk/share/models/dm"
 RUNS = home + "/runs"
 HEAD = f"""cmake_minimum_required(VERSION 3.23)
-project(test LANGUAGES NONE)
+project(test LANGUAGES CXX)
 find_package(vemo-boardspec REQUIRED)
 file(APPEND "{RUNS}" "configure\\n")
 """
