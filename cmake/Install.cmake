@@ -91,5 +91,6 @@ endfunction()
 # The pages for users, and what they refer to.
 vemo_install_page(README.md)
 vemo_install_page(docs/schemas.md)
+install(FILES docs/teasel.svg DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 install(FILES CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY editors examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" USE_SOURCE_PERMISSIONS)

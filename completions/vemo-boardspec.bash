@@ -161,7 +161,7 @@ _vemo_boardspec_dump() {
         --output=* | --depfile=*) compopt -o default ;;  # readline completes file names
         -*)
             _vemo_boardspec_offer --allow-overlap --candidates --depfile= --depfile-target= \
-                --format={text,json,sh,make,cmake,tcl,c} --help --output= --version
+                --format={text,json,sh,make,cmake,tcl,c,svg,html} --help --output= --version
             [[ ${COMPREPLY[*]} != *= ]] || compopt -o nospace
             ;;
         *) _vemo_boardspec_offer_files ;;

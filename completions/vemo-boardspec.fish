@@ -79,6 +79,6 @@ complete -c vemo-boardspec-dump -l candidates -d 'print where the models were se
 complete -c vemo-boardspec-dump -l depfile -r -F -d 'write the names of the files as a make rule'
 complete -c vemo-boardspec-dump -l depfile-target -x -d 'target of that rule'
 complete -c vemo-boardspec-dump -l output -r -F -d 'write to a file'
-complete -c vemo-boardspec-dump -l format -x -a 'text json sh make cmake tcl c' -d 'output format'
+complete -c vemo-boardspec-dump -l format -x -a 'text json sh make cmake tcl c svg html' -d 'output format'
 complete -c vemo-boardspec-dump -l help -d 'print a usage summary'
 complete -c vemo-boardspec-dump -l version -d 'print the version'

@@ -26,8 +26,10 @@ constexpr const char* PROGRAM = "vemo-boardspec-dump";
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/CHeaderDump.h"
 #include "BoardDump/Depfile.h"
+#include "BoardDump/HtmlDump.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/OutputFile.h"
+#include "BoardDump/SvgDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
 #include "BoardSpec/MemoryOverlap.h"
@@ -45,7 +47,8 @@ constexpr Format FORMATS[] = {
     {"text", vemo::dump::text_dump},   {"json", vemo::dump::json_dump},
     {"sh", vemo::dump::shell_dump},    {"make", vemo::dump::make_dump},
     {"cmake", vemo::dump::cmake_dump}, {"tcl", vemo::dump::tcl_dump},
-    {"c", vemo::dump::c_dump},
+    {"c", vemo::dump::c_dump},         {"svg", vemo::dump::svg_dump},
+    {"html", vemo::dump::html_dump},
 };
 
 constexpr const char* FORMAT_HELP = R"(Formats:
@@ -62,12 +65,16 @@ constexpr const char* FORMAT_HELP = R"(Formats:
         source in a Tcl script.
   c     A header for C and C++ with macros for the memories, the kernel window,
         the channels and the compile flows.
+  svg   A picture of the board: FPGA, interfaces, memories and address map.
+  html  A page with the picture, and with everything as tables. It needs no
+        other file and no network, and contains no script.
 
 Examples:
   vemo-boardspec-dump board_spec.xml
   vemo-boardspec-dump --format=json board_spec.xml | jq .board.global_mem
   answers=$(vemo-boardspec-dump --format=sh board_spec.xml) && eval "$answers"
   vemo-boardspec-dump --format=make board_spec.xml >board.mk
+  vemo-boardspec-dump --format=html board_spec.xml >board.html
 
 Exit status: 0, or 1 after an error, which is told on standard error.)";
 
@@ -113,7 +120,7 @@ void declare(CLI::App& app, Options& options) {
     app.set_version_flag("--version", std::string(PROGRAM) + " " + VEMO_BOARDSPEC_VERSION,
                          "Print the version and exit");
     auto* format = app.add_option("--format", options.format,
-                                  "text (the default), json, sh, make, cmake, tcl or c")
+                                  "text (the default), json, sh, make, cmake, tcl, c, svg or html")
                        ->option_text("FORMAT")
                        ->check(CLI::IsMember(format_names()))
                        ->take_last();

@@ -17,15 +17,6 @@ namespace {
 
 constexpr std::uint64_t LAST_ADDRESS = 0xffffffff;
 
-/// Addresses without a break that belong to one interface.
-struct Region {
-    std::uint64_t first;
-    std::uint64_t last;  // inclusive
-    std::string memory;
-    std::string interface;
-    const char* note;
-};
-
 /// Name and ports: often all interfaces have the same name, that of the component they lead to.
 std::string interface_text(const board::Interface& intf) {
     std::string text = intf.name;
@@ -36,36 +27,53 @@ std::string interface_text(const board::Interface& intf) {
     return shortened(text);
 }
 
-std::vector<Region> regions_by_address(const board::BoardSpec& spec) {
-    std::vector<Region> regions;
+}  // namespace
+
+std::vector<AddressRange> address_ranges(const board::BoardSpec& spec) {
+    std::vector<AddressRange> ranges;
+    std::size_t num_memory = 0;
     for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
-        const std::string memory_text = memory_name_text(*memory);
+        const std::string name = memory_name_text(*memory);
         for (const board::Interface* intf : memory->get_interfaces()) {
-            const std::string intf_text = interface_text(*intf);
+            const std::string text = interface_text(*intf);
             const std::uint64_t first = intf->address;
             const std::uint64_t last = first + intf->get_size() - 1;
             if (last <= LAST_ADDRESS) {
-                regions.push_back({first, last, memory_text, intf_text, ""});
+                ranges.push_back({first, last, num_memory, name, text, ""});
             } else {
-                regions.push_back({first, LAST_ADDRESS, memory_text, intf_text, " (wraps)"});
-                regions.push_back(
-                    {0, last - LAST_ADDRESS - 1, memory_text, intf_text, " (wrapped)"});
+                ranges.push_back({first, LAST_ADDRESS, num_memory, name, text, " (wraps)"});
+                ranges.push_back(
+                    {0, last - LAST_ADDRESS - 1, num_memory, name, text, " (wrapped)"});
             }
         }
+        ++num_memory;
     }
-    std::stable_sort(regions.begin(), regions.end(), [](const Region& a, const Region& b) {
+    std::stable_sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) {
         return std::tie(a.first, a.last) < std::tie(b.first, b.last);
     });
-    return regions;
+    return ranges;
 }
 
-/// A row that says something about the addresses between two regions, or in both.
-void add_note(TextTable& table, const char* mark, std::uint64_t first, std::uint64_t last,
-              const std::string& note) {
-    table.add_row({mark, range_text(first, last), size_text(last - first + 1), note});
+std::vector<AddressMapRow> address_map_rows(const std::vector<AddressRange>& ranges) {
+    std::vector<AddressMapRow> rows;
+    const AddressRange* farthest = nullptr;  // of the ranges so far, the one that ends last
+    for (const AddressRange& range : ranges) {
+        if (farthest != nullptr && range.first > farthest->last + 1) {
+            rows.push_back({AddressMapRow::Gap, farthest->last + 1, range.first - 1, "", "gap"});
+        }
+        rows.push_back({AddressMapRow::Range, range.first, range.last, range.memory,
+                        range.interface + range.note});
+        if (farthest != nullptr && range.first <= farthest->last) {
+            rows.push_back({AddressMapRow::Overlap, range.first,
+                            std::min(range.last, farthest->last), "",
+                            "overlap with " + farthest->memory + " " + farthest->interface});
+        }
+        if (farthest == nullptr || range.last > farthest->last) {
+            farthest = &range;
+        }
+    }
+    return rows;
 }
-
-}  // namespace
 
 std::string address_text(std::uint64_t address) {
     char text[sizeof "0x0123456789abcdef"];
@@ -113,22 +121,15 @@ std::string overlap_text(const board::BoardSpec& spec) {
 }
 
 std::string address_map(const board::BoardSpec& spec) {
-    TextTable table("llrll");          // mark, addresses, size, memory, interface
-    const Region* farthest = nullptr;  // of the regions so far, the one that ends last
-    const std::vector<Region> regions = regions_by_address(spec);
-    for (const Region& region : regions) {
-        if (farthest != nullptr && region.first > farthest->last + 1) {
-            add_note(table, "--", farthest->last + 1, region.first - 1, "gap");
-        }
-        table.add_row({"", range_text(region.first, region.last),
-                       size_text(region.last - region.first + 1), region.memory,
-                       region.interface + region.note});
-        if (farthest != nullptr && region.first <= farthest->last) {
-            add_note(table, "!!", region.first, std::min(region.last, farthest->last),
-                     "overlap with " + farthest->memory + " " + farthest->interface);
-        }
-        if (farthest == nullptr || region.last > farthest->last) {
-            farthest = &region;
+    constexpr const char* MARKS[] = {"", "--", "!!"};  // by kind of row
+    TextTable table("llrll");                          // mark, addresses, size, memory, interface
+    for (const AddressMapRow& row : address_map_rows(address_ranges(spec))) {
+        const std::string addresses = range_text(row.first, row.last);
+        const std::string size = size_text(row.last - row.first + 1);
+        if (row.kind == AddressMapRow::Range) {
+            table.add_row({MARKS[row.kind], addresses, size, row.memory, row.description});
+        } else {
+            table.add_row({MARKS[row.kind], addresses, size, row.description});
         }
     }
     return table.text("  ");
