@@ -14,7 +14,9 @@
 #include "BoardDump/AssignmentDump.h"
 #include "BoardDump/CHeaderDump.h"
 #include "BoardDump/FlowSources.h"
+#include "BoardDump/HtmlDump.h"
 #include "BoardDump/JsonDump.h"
+#include "BoardDump/SvgDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/AnswerTable.h"
 #include "BoardPackage/PackageFiles.h"
@@ -86,9 +88,9 @@ void dump_all(const AnswerSources& sources, std::size_t input_size) {
     }
     stream(*sources.dm);
     stream(*sources.tm);
-    for (const auto dump :
-         {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump, vemo::dump::make_dump,
-          vemo::dump::cmake_dump, vemo::dump::tcl_dump, vemo::dump::c_dump}) {
+    for (const auto dump : {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump,
+                            vemo::dump::make_dump, vemo::dump::cmake_dump, vemo::dump::tcl_dump,
+                            vemo::dump::c_dump, vemo::dump::svg_dump, vemo::dump::html_dump}) {
         until_invariant([&sources, dump, input_size] {
             // Nothing in a file takes that much of a dump, unless it is there in many rows.
             if (dump(sources).size() > 64 * input_size + 16384) {
