@@ -138,11 +138,11 @@ std::string escaped(const std::string& text) {
 /// The board with that in place of most texts.
 std::string hostile_board(const std::string& text) {
     std::string board = BOARD;
-    for (const char* name : {"name=\"acme", "name=\"DDR", "name=\"d0", "port=\"d1_p", "name=\"d0_r",
-                             "chan_id=\"eth_in", "clk=\"k1", "cmd=\"gen1", "fixes=\"in1",
-                             "name=\"alpha", "name=\"ctl", "enable=\"en", "name=\"burst"}) {
-        board =
-            edit(board, name, std::string(name).substr(0, std::string(name).find('"') + 1) + text);
+    for (const char* value :
+         {"name=\"acme", "name=\"DDR", "name=\"d0", "port=\"d1_p", "name=\"d0_r",
+          "chan_id=\"eth_in", "clk=\"k1", "cmd=\"gen1", "fixes=\"in1", "name=\"alpha", "name=\"ctl",
+          "enable=\"en", "name=\"burst"}) {
+        board = edit(board, value, split(value, "\"")[0].append("\"").append(text));
     }
     return board;
 }
@@ -379,8 +379,8 @@ TEST(AddressScale, CutsRangesIntoStretches) {
 
 TEST(Figures, AreShort) {
     const std::tuple<std::uint64_t, std::uint64_t, std::string> shares[] = {
-        {0, 5, "0 %"},   {1, 1000, "<1 %"},   {1, 3, "33 %"}, {5, 5, "100 %"},
-        {9, 3, "300 %"}, {4000, 1, ">999 %"}, {0, 0, ""},     {3, 0, ""}};
+        {0, 5, "0 %"},       {1, 1000, "<1 %"},   {1, 3, "33 %"}, {5, 5, "100 %"}, {9, 3, "300 %"},
+        {999, 100, "999 %"}, {4000, 1, ">999 %"}, {0, 0, ""},     {3, 0, ""}};
     for (const auto& [used, available, expected] : shares) {
         EXPECT_EQ(share_text(used, available), expected);
     }

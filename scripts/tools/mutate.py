@@ -18,7 +18,7 @@ MEMORY = 4 << 30  # of a test program
 TESTS = [["tests/vemo-boardspec-tests", "--gtest_fail_fast"],
          ["tests/vemo-boardspec-package-tests", "--gtest_fail_fast"],
          ["ctest", "--stop-on-failure", "-R", "^(completion|depfile|editors|faults|json-schema|manual|"
-          "readers|reports|replay)"],
+          "pictures|readers|reports|replay)"],
          ["ctest", "-R", "^schemas-xmllint$"]]
 DEFAULT_TABLE = pathlib.Path(__file__).with_name("mutants.txt")
 

@@ -286,7 +286,7 @@ void Page::write_memories() {
     Entries interfaces;
     for (const GlobalMemConfig* memory : m_spec.get_global_mem_configs()) {
         const unsigned num_intfs = memory->get_num_intfs();
-        table.add({memory->name.empty() ? memory_name_text(*memory) : memory->name,
+        table.add({name_text(memory->name),
                    std::string(board::MEMORY_TYPE_WORDS[memory->get_type()]),
                    bandwidth_text(*memory),
                    num_intfs < 2 ? "none"

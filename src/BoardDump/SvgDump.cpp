@@ -316,15 +316,13 @@ int Picture::draw_memory(int top, std::size_t number, std::size_t max_ports, boo
     const unsigned num_intfs = memory.get_num_intfs();
 
     m_body.open("g");
-    std::string details = (memory.name.empty() ? memory_name_text(memory) : memory.name) + ", "
-                          + type + ", " + bandwidth_text(memory) + ", configuration at "
-                          + address_text(memory.config_addr);
-    tooltip(details);
+    tooltip(name_text(memory.name) + ", " + type + ", " + bandwidth_text(memory)
+            + ", configuration at " + address_text(memory.config_addr));
     rect(MEMORIES_LEFT, top, MEMORIES_WIDTH, height, "p-box", in_heading ? 3 : 6);
     int y = top + (in_heading ? 15 : PADDING + 8);
     rect(MEMORIES_LEFT + PADDING, y - 10, 12, 12, tint_of(number).c_str(), 2);
     text(MEMORIES_LEFT + PADDING + 20, y, "p-heading",
-         fitted(memory.name.empty() ? "(unnamed)" : memory.name, in_heading ? 11 : 19));
+         fitted(name_text(memory.name), in_heading ? 11 : 19));
     text(MEMORIES_LEFT + MEMORIES_WIDTH - PADDING, y, "p-figure", bandwidth_text(memory),
          Anchor::End);
     if (!is_dense) {
