@@ -67,8 +67,9 @@ body{max-width:none;padding:0}
 nav,.skip{display:none}
 .scroll{overflow:visible}
 .scroll svg{min-width:0;width:100%}
-.scroll th,.scroll td{white-space:pre-wrap;min-width:0}
-table,td,.scroll tbody th{font-size:.7rem}
+.long{min-width:10rem}
+.scroll thead th{white-space:normal}
+table,td,.scroll tbody th{font-size:.65rem}
 th,td{padding:.15rem .3rem}
 thead{display:table-header-group}
 tr,svg{break-inside:avoid}
