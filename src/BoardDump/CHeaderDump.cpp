@@ -22,6 +22,9 @@ std::string identifier_part(const std::string& text) {
     std::string part;
     bool is_separated = false;
     for (const char c : text) {
+        if (part.size() + (is_separated ? 1 : 0) >= MAX_SIZE) {
+            break;
+        }
         const bool is_lower = c >= 'a' && c <= 'z';
         if (is_lower || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) {
             if (is_separated && !part.empty()) {
@@ -31,9 +34,6 @@ std::string identifier_part(const std::string& text) {
             is_separated = false;
         } else {
             is_separated = true;
-        }
-        if (part.size() >= MAX_SIZE) {
-            break;
         }
     }
     return part;

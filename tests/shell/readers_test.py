@@ -62,37 +62,27 @@ READERS = {  # format, script and command
 }
 
 
-def xml(text):
-    """An attribute's value."""
-    return b'"' + re.sub(rb'[&<>"\t\n\r]', lambda c: b"&#%d;" % c[0][0], text) + b'"'
+BOARD = b"""<board version="17.1" name="b"><device device_model="dev.xml"><used_resources>
+<alms num="1"/><ffs num="1"/><dsps num="1"/><rams num="1"/></used_resources></device>%s
+<host><kernel_config start="0x100" size="0x20"/></host><channels>%s</channels>
+<interfaces>%s<kernel_clk_reset clk="1" clk2x="2" reset="3"/></interfaces>%s</board>"""
+PARTS = [  # what is in it for each text
+    b'<global_mem name="mTEXT" max_bandwidth="NUMBER.5"><interface name="TEXT" type="slave"'
+    b' width="8" address="NUMBER" size="16"><port name="TEXT" direction="r"/></interface>'
+    b'</global_mem>',
+    b'<interface name="n" port="p" type="streamsink" width="8" chan_id="cTEXT" clock="TEXT"/>',
+    b'<interface name="n" port="p" type="irq" enable="TEXT"/>',
+    b'<compile name="fTEXT" project="" revision="" lomb_file="TEXT" generic_kernel="1">'
+    b'<generate cmd=""/><synthesize cmd="TEXT"/><auto_migrate platform_type="auto"/></compile>',
+]
 
 
-def hostile_board():
-    text = open(source + "/tests/data/board_spec.xml", "rb").read()
-    parts = {"compile": b"", "global_mem": b"", "channels": b"", "interfaces": b""}
-    for number, hostile in enumerate(TEXTS):
-        parts["compile"] += (
-            b'<compile name=%s project="" revision="" lomb_file=%s generic_kernel="1">'
-            b'<generate cmd=""/><synthesize cmd=%s/><auto_migrate platform_type="auto"/></compile>'
-            % (xml(b"f" + hostile), xml(hostile), xml(hostile)))
-        parts["global_mem"] += (
-            b'<global_mem name=%s max_bandwidth="%d.5"><interface name=%s type="slave" width="8"'
-            b' address="%d" size="16"><port name=%s direction="r"/></interface></global_mem>'
-            % (xml(b"m" + hostile), number, xml(hostile), 16 * number, xml(hostile)))
-        parts["channels"] += (
-            b'<interface name="n" port="p" type="streamsink" width="8" chan_id=%s clock=%s/>'
-            % (xml(b"c" + hostile), xml(hostile)))
-        parts["interfaces"] += (
-            b'<interface name="n" port="p" type="irq" enable=%s/>' % xml(hostile))
-    for name, part in parts.items():
-        first, last = text.index(b"<" + name.encode()), text.rindex(b"</%s>" % name.encode())
-        if name in ("channels", "interfaces"):
-            first += len(name) + 2
-        else:
-            last += len(name) + 3
-        text = text[:first] + part + text[last:]
-    return text.replace(b"</interfaces>",
-                        b'<kernel_clk_reset clk="1" clk2x="2" reset="3"/></interfaces>')
+def filled(part):
+    """A part of the board, for all texts."""
+    return b"".join(
+        part.replace(b"NUMBER", b"%d" % (16 * number)).replace(
+            b"TEXT", re.sub(rb'[&<>"\t\n\r]', lambda c: b"&#%d;" % c[0][0], text))
+        for number, text in enumerate(TEXTS))
 
 
 def variables_of_json(value, name):
@@ -147,7 +137,7 @@ reader, = arguments
 need(DUMP, reader)
 for model in ["dev.xml", "tm.xml"]:
     os.symlink(f"{source}/tests/data/{model}", model)
-open("board_spec.xml", "wb").write(hostile_board())
+open("board_spec.xml", "wb").write(BOARD % tuple(map(filled, PARTS)))
 expected = {}
 for word in shlex.split(dump("sh").decode("latin-1")):
     variable, _, text = word.partition("=")
