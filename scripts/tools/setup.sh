@@ -56,8 +56,8 @@ install_build_packages() {
 
 # What all the tests need as well.
 install_test_packages() {
-    install_build_packages bash-completion busybox fish jing libxml2-utils locales mandoc ninja-build \
-        pkgconf python3-jsonschema tcl trang vim zsh "$@"
+    install_build_packages bash-completion busybox fish jing librsvg2-bin libxml2-utils locales mandoc \
+        ninja-build pkgconf python3-jsonschema tcl trang vim zsh "$@"
 }
 
 # is_configured PRESET: whether build/PRESET can be compiled. One that was moved or copied cannot.
