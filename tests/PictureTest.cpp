@@ -230,6 +230,28 @@ TEST_F(Picture, HasClearLabelsAndMarksWhatItLeavesOut) {
     }
 }
 
+TEST_F(Picture, MarksWhatIsWrongAndPointsTheRightWay) {
+    const auto count = [](const std::string& svg, const std::string& part) {
+        return split(svg, part).size() - 1;
+    };
+    const std::string svg = dump(svg_dump);
+    EXPECT_EQ(count(svg, "class=\"p-alarm\"") + count(svg, "class=\"p-over\""), 0u);
+    // Heads of arrows point to the left (where they end left of where they begin), or to the right.
+    std::string heads;
+    const std::regex head(R"(d="M(\d+) \d+L(\d+) )");
+    for (std::sregex_iterator match(svg.begin(), svg.end(), head), end; match != end; ++match) {
+        heads += std::stoi((*match)[1]) < std::stoi((*match)[2]) ? "<" : ">";
+    }
+    // Window, master, irq, streamsource, streamsink; of the memories r, w, rw and rw.
+    EXPECT_EQ(heads, ">><><<><><>");
+    const std::string over = dump(svg_dump, edit(BOARD, "<alms num=\"11\"", "<alms num=\"100\""));
+    EXPECT_EQ(count(over, "class=\"p-alarm\""), 2u);
+    EXPECT_EQ(count(over, "class=\"p-over\""), 1u);
+    const std::string clash = dump(svg_dump, with_memories(overlapping_memories()));
+    EXPECT_EQ(count(clash, "class=\"p-over\""), count(clash, ">overlap of "));
+    EXPECT_EQ(count(clash, "class=\"p-gap\""), count(clash, ">gap<"));
+}
+
 TEST_F(Picture, LetsNothingInAFileBecomeMarkup) {
     const std::string hostile = hostile_board(escaped(HOSTILE));
     for (const auto format : {svg_dump, html_dump}) {
