@@ -93,7 +93,7 @@ TEST_F(Dump, AssignsVariables) {
 
 TEST_F(Dump, DefinesMacrosOfLegalNames) {
     std::string board = edit(edit(BOARD, "QDR", "ddr"), "\"alpha\"", "\"é\"");
-    board = edit(edit(board, "\"zeta\"", "\"-z__e?1-\""), "<channels...</channels>", "");
+    board = edit(board, "\"zeta\"", "\"-z__e?1-" + std::string(32, 'a') + "\"");
     dir.write("board_spec.xml", edit(board, "rev2", std::string(4096, 'x')));
     const std::string text = vemo::dump::c_dump(load().sources());
     for (const char* part : {
@@ -102,14 +102,17 @@ TEST_F(Dump, DefinesMacrosOfLegalNames) {
              "\n#define VEMO_MEMORY_DDR_BASE 0x00000000u\n",
              "\n#define VEMO_MEMORY_DDR_SIZE 0x00002000u\n",
              "\n#define VEMO_MEMORY_DDR_1_NAME \"ddr\"\n",
-             "\n#define VEMO_NUM_CHANNELS 0u\n#define VEMO_FOR_EACH_CHANNEL(X)\n",
-             "\n#define VEMO_FLOW_Z_E_1_NAME \"-z__e\\?1-\"\n",
+             "\n#define VEMO_CHANNEL_ETH_OUT_TYPE \"streamsink\"\n",
+             "\n#define VEMO_FLOW_Z_E_1_AAAAAAAAAAAAAAAAAAAAAAAAAA_NAME \"-z__e\\?1-aaa",
              "\n#define VEMO_FLOW_1_NAME \"\\303\\251\"\n",
              "\nstatic const char VEMO_FLOW_1_REVISION[] = {'x', 'x', 'x'",
-             "\n#define VEMO_FOR_EACH_FLOW(X) \\\n    X(Z_E_1) \\\n    X(1)\n",
+             "A) \\\n    X(1)\n",
          }) {
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     }
+    dir.write("board_spec.xml", BOARD_14);
+    EXPECT_NE(vemo::dump::c_dump(load().sources()).find("VEMO_FOR_EACH_CHANNEL(X)\n"),
+              std::string::npos);
 }
 
 TEST_F(Dump, IsCleanWhateverFilesContain) {
