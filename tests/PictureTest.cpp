@@ -168,26 +168,6 @@ std::string joined(const std::vector<std::string>& texts) {
 
 }  // namespace
 
-TEST_F(Picture, ShowsTheWholeBoard) {
-    EXPECT_EQ(joined(Document(dump(svg_dump)).texts({"text"})),
-              "acme|Board file format 17.1, 2 global memories, 2 kernel interfaces, 2 channels|"
-              "Host|Kernel window|32 B|0x00000100-0x0000011f|"
-              "Kernel interfaces|ctl.ctl_p|34 bit|master|done.irq_p|irq|"
-              "Channels|eth_in|32 bit|streamsource|eth_out|33 bit|streamsink|"
-              "DDR|100.5 MB/s|shared physical, interleaved 1 KiB|d0.d0_r|4 KiB|512 bit|"
-              "d0.d0_w|4 KiB|512 bit|d1.d1_p|4 KiB|512 bit|"
-              "QDR|0 MB/s|device private|q.q_p|2 KiB|64 bit|"
-              "FPGA dev|Peltra B|fmax 240.5 MHz|LEs|22 of 42|52 %|FFs|12 of 22|55 %|"
-              "RAMs|14 of 24|58 %|DSPs|13 of 23|57 %|Kernel|clock|k1|2x clock|k2|reset|k3|"
-              "Arrows lead from master to slave, along a stream, and from the kernel that "
-              "interrupts. At a memory,|they lead to the kernel for reads and to the memory for "
-              "writes.|Address map of the global memories|"
-              "The height of a range follows the logarithm of its size.|"
-              "0x00000000|DDR d0.d0_r/d0_w|4 KiB|0x00000000-0x00000fff|"
-              "0x00001000|DDR d1.d1_p|4 KiB|0x00001000-0x00001fff|"
-              "0x00002000|QDR q.q_p|2 KiB|0x00002000-0x000027ff|0x000027ff|");
-}
-
 TEST_F(Picture, HasClearLabelsAndMarksWhatItLeavesOut) {
     std::string channels;
     std::string ports;
