@@ -27,6 +27,7 @@ foreach(_vemo_program IN ITEMS vemo-boardspec vemo-boardspec-dump vemo-boardspec
         set_property(GLOBAL PROPERTY _vemo_location_of_${_vemo_program} "${_vemo_location}")
     endif()
 endforeach()
+unset(_vemo_location)
 
 cmake_policy(PUSH)
 cmake_policy(VERSION 3.20...3.31)
