@@ -354,6 +354,7 @@ TEST(AddressScale, CutsRangesIntoStretches) {
         {{range(0, 9), range(0, 4), range(5, 9)}, "0 2/2 30 5 2/1 20 ; 0 1 1 "},
         {{range(0, 9), range(2, 3), range(20, 29)},
          "0 1/1 10 2 2/1 20 4 1/0 10 10 0/0 10 20 1/1 10 ; 0 1 0 "},
+        {std::vector<AddressRange>(8, range(0, 0)), "0 8/8 90 ; 0 1 2 3 4 5 5 5 "},
     };
     for (const auto& [ranges, expected] : cases) {
         const AddressScale scale(ranges, 10);
@@ -377,6 +378,23 @@ TEST(AddressScale, CutsRangesIntoStretches) {
         }
         EXPECT_EQ(found, expected);
     }
+}
+
+TEST(AddressScale, GroupsNeighbours) {
+    std::string found;
+    for (const AddressRange& group : grouped({{0, 9, 0, "a", "i", ""},
+                                              {9, 9, 1, "b", "i", ""},
+                                              {20, 29, 2, "c", "i", ""},
+                                              {31, 39, 3, "d", "i", " (wraps)"},
+                                              {50, 59, 4, "e", "i", ""}},
+                                             3)) {
+        found += range_text(group.first, group.last) + " " + group.memory + ": "
+                 + group.interface + group.note + "\n";
+    }
+    EXPECT_EQ(found,
+              "0x00000000-0x00000009 2 ranges: a … b, 1 overlap\n"
+              "0x00000014-0x00000027 2 ranges: c … d, 1 gap\n"
+              "0x00000032-0x0000003b e: i\n");
 }
 
 TEST(Figures, AreShort) {

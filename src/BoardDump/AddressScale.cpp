@@ -12,6 +12,9 @@ constexpr std::size_t MAX_LANES = 6;
 /// One range for those from `begin` on, up to `end`.
 AddressRange group_of(const AddressRange* begin, const AddressRange* end) {
     AddressRange group = *begin;
+    if (end - begin == 1) {
+        return group;
+    }
     std::size_t num_gaps = 0;
     std::size_t num_overlaps = 0;
     for (const AddressRange* range = begin + 1; range != end; ++range) {
