@@ -11,7 +11,6 @@
 namespace vemo::lint {
 
 using tinyxml2::XMLDocument;
-using tinyxml2::XMLElement;
 
 bool FileCheck::repair_unexpected_element() {
     XMLElement* elem = editable(m_mistake.elem);
@@ -48,14 +47,13 @@ bool FileCheck::repair_unexpected_element() {
             return true;
         }
     }
-    const XMLElement* parent = elem->Parent()->ToElement();  // null beside the root
+    const tinyxml2::XMLNode* parent = elem->Parent();  // the document beside the root
     XMLElement* root = m_doc->RootElement();
     if (parent != root && is_section(name)
         && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
         return true;
     }
-    const std::vector<std::string> near =
-        parent == nullptr ? std::vector<std::string>() : near_names(name, m_mistake.accepted);
+    const std::vector<std::string> near = near_names(name, m_mistake.accepted);
     // A name that leaves another child missing is not it, if there is a better one. Nor is one
     // that the parent has a child of, unless it is very near.
     for (const bool is_strict : {true, false}) {
