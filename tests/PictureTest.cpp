@@ -340,6 +340,19 @@ TEST_F(Picture, GrowsWithTheBoardAlone) {
     EXPECT_LT(dump(html_dump, with_memories(memory(name, interfaces))).size(), 6 * name.size());
 }
 
+TEST(Markup, KeepsTextsWhole) {
+    Markup markup;
+    markup.element("a", {{"b", HOSTILE}, {"c", ""}}, HOSTILE);
+    const Document document(markup.text());
+    const XMLElement* element = document.xml.RootElement();
+    EXPECT_EQ(element->GetText(), vemo::printable(HOSTILE));
+    EXPECT_EQ(element->Attribute("b"), vemo::printable(HOSTILE));
+    EXPECT_EQ(element->Attribute("c"), nullptr);
+    for (const char c : {'<', '>', '"', '\''}) {  // but those of the markup itself
+        EXPECT_EQ(split(markup.text(), std::string(1, c)).size(), c == '\'' ? 1u : 3u);
+    }
+}
+
 TEST(AddressScale, CutsRangesIntoStretches) {
     const auto range = [](std::uint64_t first, std::uint64_t last) {
         return AddressRange{first, last, 0, "m", "i", ""};
