@@ -295,8 +295,9 @@ void Page::write_memories() {
                                        + std::to_string(num_intfs),
                    address_text(memory->config_addr), address_text(memory->get_min_byte_address()),
                    address_text(memory->get_max_byte_address())});
+        const std::string name = memory_name_text(*memory);
         for (const Interface* intf : memory->get_interfaces()) {
-            interfaces.emplace_back(memory_name_text(*memory), intf);
+            interfaces.emplace_back(name, intf);
         }
     }
     write_table(table);

@@ -100,8 +100,9 @@ std::string port_table(const board::BoardSpec& spec) {
     TextTable table("lllrlll", {"memory/channel", "interface", "type", "width", "port", "direction",
                                 "attributes"});
     for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
+        const std::string name = memory_name_text(*memory);
         for (const board::Interface* intf : memory->get_interfaces()) {
-            add_ports(table, memory_name_text(*memory), *intf);
+            add_ports(table, name, *intf);
         }
     }
     for (const board::Interface* intf : spec.get_interface_config().get_interfaces()) {
