@@ -306,7 +306,8 @@ TEST_F(Picture, HasThePlaceOfEverythingOnItsPage) {
          {"|0x00001000-0x00001fff|4 KiB|range|DDR|d1.d1_p|",
           "|DDR|shared physical|100.5 MB/s|1 KiB x 2|0x00000018|0x00000000|0x00001fff|",
           "|DDR|d0_r (r); d0_w (w, 3 attribute bits: burst = 7, attributes not free of hazards)|",
-          "|LEs|22|42|52 %|", "|Host's kernel window|0x00000100-0x0000011f, 32 B|",
+          "hazards)|d0|slave|512|1|0x00000000|4 KiB|", "|LEs|22|42|52 %|",
+          "|Host's kernel window|0x00000100-0x0000011f, 32 B|",
           "|Generate takes more arguments|yes|"}) {
         EXPECT_NE(cells.find(row), std::string::npos) << row << cells;
     }
@@ -316,6 +317,7 @@ TEST_F(Picture, HasThePlaceOfEverythingOnItsPage) {
     dir.write("tm.xml", edit(TARGET_MODEL, "<global_interconnect>...</global_interconnect>", ""));
     const auto least = joined(Document(dump(html_dump, BOARD_14)).texts({"td", "th", "p"}));
     EXPECT_EQ(least.find("pipeline"), std::string::npos);
+    EXPECT_EQ(least.find("|enable|"), std::string::npos);  // a column of blanks
     EXPECT_NE(least.find("to the kernel: none.|"), std::string::npos) << least;
     const auto clash = joined(
         Document(dump(html_dump, with_memories(overlapping_memories()))).texts({"td", "th", "p"}));

@@ -493,9 +493,7 @@ int Picture::draw_map(int top) {
     int y = top + 16;
     text(MARGIN, y, "p-heading", "Address map of the global memories");
     y += LINE;
-    text(MARGIN, y, "p-figure",
-         all.empty() ? "No global memory has an interface."
-                     : "The height of a range follows the logarithm of its size.");
+    text(MARGIN, y, "p-figure", "The height of a range follows the logarithm of its size.");
     if (ranges.size() < all.size()) {
         y += LINE;
         text(MARGIN, y, "p-alarm",
@@ -508,9 +506,6 @@ int Picture::draw_map(int top) {
              "Not a valid board: global memories overlap from their first to their last address.");
     }
     y += PADDING;
-    if (ranges.empty()) {
-        return y;
-    }
     const AddressScale scale(ranges, LINE);
     for (std::size_t i = 0; i < ranges.size(); ++i) {
         draw_range(y, ranges[i], scale.places[i], scale.num_lanes);
@@ -519,8 +514,10 @@ int Picture::draw_map(int top) {
         draw_stretch(y, stretch, ranges);
     }
     y += scale.height;
-    text(SCALE_LEFT - 8, y + 12, "p-figure", address_text(scale.stretches.back().last),
-         Anchor::End);
+    if (!scale.stretches.empty()) {
+        text(SCALE_LEFT - 8, y + 12, "p-figure", address_text(scale.stretches.back().last),
+             Anchor::End);
+    }
     return y + PADDING + 4;
 }
 
