@@ -108,9 +108,16 @@ std::string printable(const Character& character) {
 }
 
 std::string printable(std::string_view text) {
+    const auto is_special = [](char c) { return c < ' ' || c > '~'; };  // of any sign
     std::string out;
     while (!text.empty()) {
-        out += printable(take_character(text));
+        const auto* special = std::find_if(text.begin(), text.end(), is_special);
+        const auto num_plain = static_cast<std::size_t>(special - text.begin());
+        out += text.substr(0, num_plain);
+        text.remove_prefix(num_plain);
+        if (!text.empty()) {
+            out += printable(take_character(text));
+        }
     }
     return out;
 }

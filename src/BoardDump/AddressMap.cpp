@@ -100,7 +100,8 @@ std::string size_text(std::uint64_t bytes) {
 }
 
 std::string memory_name_text(const board::GlobalMemConfig& memory) {
-    return shortened(name_text(memory.name));
+    // Not the other way round: a long name must not be copied for each row.
+    return name_text(shortened(memory.name));
 }
 
 std::string memory_range_text(const board::GlobalMemConfig& memory) {

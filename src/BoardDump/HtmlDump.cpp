@@ -225,7 +225,7 @@ void Page::write_head() {
     m_out.empty("meta", {{"http-equiv", "Content-Security-Policy"}, {"content", POLICY}});
     m_out.empty("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
     m_out.empty("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
-    m_out.element("title", {}, "Board " + board_name_text(m_spec));
+    m_out.element("title", {}, "Board " + shortened(board_name_text(m_spec)));
     m_out.constant(STYLE);
     m_out.close();
 }

@@ -1,6 +1,7 @@
 #include "BoardDump/Markup.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Base/Characters.h"
 
@@ -22,27 +23,19 @@ void Markup::start(const char* name, Attributes attributes) {
 }
 
 void Markup::escape(std::string_view text) {
-    for (const char c : printable(text)) {
-        switch (c) {
-            case '&':
-                m_text += "&amp;";
-                break;
-            case '<':
-                m_text += "&lt;";
-                break;
-            case '>':
-                m_text += "&gt;";
-                break;
-            case '"':
-                m_text += "&quot;";
-                break;
-            case '\'':
-                m_text += "&#39;";
-                break;
-            default:
-                m_text += c;
+    constexpr std::pair<char, const char*> ENTITIES[] = {
+        {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\'', "&#39;"}};
+    const std::string shown = printable(text);
+    std::size_t begin = 0;  // of what is not written yet
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        for (const auto& [character, entity] : ENTITIES) {
+            if (shown[i] == character) {
+                m_text.append(shown, begin, i - begin).append(entity);
+                begin = i + 1;
+            }
         }
     }
+    m_text.append(shown, begin);
 }
 
 void Markup::open(const char* element, Attributes attributes) {

@@ -559,7 +559,7 @@ Markup Picture::draw() {
                        {"height", bottom},
                        {"role", "img"},
                        {"aria-labelledby", "picture-title picture-description"}});
-    whole.element("title", {{"id", "picture-title"}}, "The board " + name);
+    whole.element("title", {{"id", "picture-title"}}, "The board " + shortened(name));
     whole.element("desc", {{"id", "picture-description"}}, description());
     whole.constant(STYLE);
     whole.empty("rect", {{"width", WIDTH}, {"height", bottom}, {"rx", 6}, {"class", "p-ground"}});
