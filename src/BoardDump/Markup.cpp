@@ -1,11 +1,31 @@
 #include "BoardDump/Markup.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "Base/Characters.h"
 
 namespace vemo::dump {
+namespace {
+
+/// What stands for a character of markup; null for any other.
+const char* entity_of(char c) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        case '\'':
+            return "&#39;";
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
 
 void Markup::start(const char* name, Attributes attributes) {
     m_text += '<';
@@ -23,16 +43,12 @@ void Markup::start(const char* name, Attributes attributes) {
 }
 
 void Markup::escape(std::string_view text) {
-    constexpr std::pair<char, const char*> ENTITIES[] = {
-        {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}, {'\'', "&#39;"}};
     const std::string shown = printable(text);
     std::size_t begin = 0;  // of what is not written yet
     for (std::size_t i = 0; i < shown.size(); ++i) {
-        for (const auto& [character, entity] : ENTITIES) {
-            if (shown[i] == character) {
-                m_text.append(shown, begin, i - begin).append(entity);
-                begin = i + 1;
-            }
+        if (const char* entity = entity_of(shown[i])) {
+            m_text.append(shown, begin, i - begin).append(entity);
+            begin = i + 1;
         }
     }
     m_text.append(shown, begin);
