@@ -108,8 +108,7 @@ private:
             const board::Port& port = *intf.get_port(i);
             const std::string port_prefix = prefix + "port_" + std::to_string(i) + "_";
             add(port_prefix + "name", port.name);
-            add(port_prefix + "direction",
-                to_text(word_value(board::DIRECTION_WORDS, port.direction)));
+            add(port_prefix + "direction", std::string(board::DIRECTION_WORDS[port.direction]));
         }
     }
 

@@ -1,5 +1,6 @@
 #include "BoardDump/JsonDump.h"
 
+#include <cstddef>
 #include <vector>
 
 #include "BoardDump/FlowSources.h"
@@ -43,7 +44,8 @@ void write_resources(JsonWriter& json, const dmodel::DeviceResources& resources)
 void write_port(JsonWriter& json, const board::Port& port) {
     json.begin_object();
     json.members({{"name", port.name},
-                  {"direction", word_value(board::DIRECTION_WORDS, port.direction)},
+                  {"direction",
+                   word_value(board::DIRECTION_WORDS, static_cast<std::size_t>(port.direction))},
                   {"hazard_free_attributes", port.hazard_free_attributes},
                   {"attribute_width", port.attribute_width}});
     json.begin_array("attribute");
