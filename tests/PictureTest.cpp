@@ -401,15 +401,18 @@ TEST(AddressScale, GroupsNeighbours) {
                                               {9, 9, 1, "b", "i", ""},
                                               {20, 29, 2, "c", "i", ""},
                                               {31, 39, 3, "d", "i", " (wraps)"},
-                                              {50, 59, 4, "e", "i", ""}},
-                                             3)) {
+                                              {50, 59, 4, "e", "i", ""},
+                                              {52, 53, 5, "f", "i", ""},
+                                              {70, 79, 6, "g", "i", ""}},
+                                             4)) {
         found += range_text(group.first, group.last) + " " + group.memory + ": "
                  + group.interface + group.note + "\n";
     }
     EXPECT_EQ(found,
               "0x00000000-0x00000009 2 ranges: a … b, 1 overlap\n"
               "0x00000014-0x00000027 2 ranges: c … d, 1 gap\n"
-              "0x00000032-0x0000003b e: i\n");
+              "0x00000032-0x0000003b 2 ranges: e … f, 1 overlap\n"
+              "0x00000046-0x0000004f g: i\n");
 }
 
 TEST(Figures, AreShort) {
