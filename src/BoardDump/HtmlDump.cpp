@@ -532,10 +532,9 @@ std::string Page::write() {
     write_header();
     m_out.open("main", {{"id", "contents"}});
     open_section("picture", "Picture");
-    m_out.element(
-        "p", {},
-        "The tables below are complete, even if the picture is summarized. In tables of "
-        "interfaces, a blank stands for none, 0 or no, and columns of blanks are left out.");
+    m_out.element("p", {},
+                  "The tables below are complete, even if the picture is summarized. In tables of "
+                  "interfaces, an empty cell means none, 0 or no, and empty columns are left out.");
     open_scroll("picture");
     m_out.append(picture(m_sources));
     m_out.close();

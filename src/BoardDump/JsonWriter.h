@@ -8,7 +8,7 @@
 
 namespace vemo::dump {
 
-/// Writes a JSON text part by part, two blanks deeper at each level. A caller gives a name to what
+/// Writes a JSON text part by part, two spaces deeper at each level. A caller gives a name to what
 /// it puts into an object, and none to what it puts into an array or to the whole.
 class JsonWriter {
 public:

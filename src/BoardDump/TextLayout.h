@@ -18,7 +18,7 @@ std::string shortened(const std::string& text);
 /// `name`, or what stands for an empty one.
 std::string name_text(const std::string& name);
 
-/// A table whose columns are as wide as their widest cell, one blank pair apart. Columns whose
+/// A table whose columns are as wide as their widest cell, two spaces apart. Columns whose
 /// cells are all empty are left out.
 class TextTable {
 public:
