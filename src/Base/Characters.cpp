@@ -125,10 +125,12 @@ std::string printable(std::string_view text) {
 std::size_t display_width(std::string_view text) {
     std::size_t width = 0;
     while (!text.empty()) {
-        const Character character = take_character(text);
-        if (is_in(character.code, WIDE)) {
+        const char32_t code = take_character(text).code;
+        if (code < COMBINING[0].first) {  // as most are
+            ++width;
+        } else if (is_in(code, WIDE)) {
             width += 2;
-        } else if (!is_in(character.code, COMBINING)) {
+        } else if (!is_in(code, COMBINING)) {
             ++width;
         }
     }

@@ -9,6 +9,7 @@
 #include <tuple>
 #include <vector>
 
+#include "Base/Characters.h"
 #include "BoardDump/TextLayout.h"
 #include "BoardSpec/MemoryOverlap.h"
 

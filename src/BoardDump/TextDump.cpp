@@ -1,8 +1,10 @@
 #include "BoardDump/TextDump.h"
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
+#include "Base/Characters.h"
 #include "Base/JoinedList.h"
 #include "BoardDump/AddressMap.h"
 #include "BoardDump/FlowSources.h"
@@ -116,6 +118,17 @@ std::string port_table(const board::BoardSpec& spec) {
     return table.text(INDENT);
 }
 
+/// printable() of each line.
+std::string printable_lines(std::string_view text) {
+    std::string out;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        out += printable(line) + '\n';
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+    }
+    return out;
+}
+
 }  // namespace
 
 std::string text_dump(const AnswerSources& sources) {
@@ -143,7 +156,7 @@ std::string text_dump(const AnswerSources& sources) {
     write_board(os, spec);
     os << "\n" << *sources.dm << "\n\n";
     write_target_model(os, *sources.tm);
-    return printable(os.str(), "\n");
+    return printable_lines(os.str());
 }
 
 }  // namespace vemo::dump

@@ -3,49 +3,20 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "Base/Characters.h"
+
 namespace vemo::dump {
-namespace {
-
-bool is_control(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7f;
-}
-
-bool begins_character(char c) {
-    return (static_cast<unsigned char>(c) & 0xc0) != 0x80;  // no byte that continues one
-}
-
-/// Columns that `text` takes on a terminal: one for each character of UTF-8.
-std::size_t width(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins_character));
-}
-
-}  // namespace
-
-std::string printable(std::string_view text, std::string_view keep) {
-    constexpr const char* DIGITS = "0123456789abcdef";
-    std::string out;
-    for (const char c : text) {
-        if (is_control(c) && keep.find(c) == std::string_view::npos) {
-            const auto byte = static_cast<unsigned char>(c);
-            out += {'\\', 'x', DIGITS[byte >> 4], DIGITS[byte & 0xf]};
-        } else {
-            out += c;
-        }
-    }
-    return out;
-}
-
 std::string shortened(const std::string& text) {
     constexpr std::size_t MAX_SIZE = 64;
-    if (text.size() <= MAX_SIZE) {
-        return text;
+    std::size_t size = 0;
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::size_t next = size + take_character(rest).bytes.size();
+        if (next > MAX_SIZE) {
+            return text.substr(0, size) + "...";
+        }
+        size = next;
     }
-    std::size_t end = MAX_SIZE;
-    while (end > 0 && !begins_character(text[end])) {
-        --end;
-    }
-    return text.substr(0, end) + "...";
+    return text;
 }
 
 std::string name_text(const std::string& name) { return name.empty() ? "(unnamed)" : name; }
@@ -71,7 +42,7 @@ std::string TextTable::text(std::string_view indent) const {
     std::vector<std::size_t> widths(m_alignment.size());
     for (const auto& row : m_rows) {
         for (std::size_t column = 0; column + 1 < row.size(); ++column) {
-            widths[column] = std::max(widths[column], width(row[column]));
+            widths[column] = std::max(widths[column], display_width(row[column]));
         }
     }
     std::string out;
@@ -82,7 +53,8 @@ std::string TextTable::text(std::string_view indent) const {
                 continue;
             }
             const std::string& cell = row[column];
-            const std::string padding(widths[column] - std::min(widths[column], width(cell)), ' ');
+            const std::string padding(
+                widths[column] - std::min(widths[column], display_width(cell)), ' ');
             const bool is_right_aligned = m_alignment[column] == 'r';
             if (is_right_aligned) {
                 blanks += padding;

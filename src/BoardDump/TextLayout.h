@@ -7,10 +7,6 @@
 
 namespace vemo::dump {
 
-/// `text` with its control bytes, except those of `keep`, written as \x and two hexadecimal digits:
-/// what a file contains shall not reach a terminal as a command.
-std::string printable(std::string_view text, std::string_view keep = "");
-
 /// `text`, or its beginning and "..." when it is longer than any sensible name. For what a table
 /// has in several rows, or in a column: a long name must not take its length times the rows.
 std::string shortened(const std::string& text);
