@@ -1,5 +1,6 @@
 // Takes a board package, its three documents in one input, through the checker and every form of
 // its output. Its verdict must be that of the library, whose first report is among its findings.
+// There must be a rule for each finding.
 
 #include <unistd.h>
 
@@ -10,14 +11,17 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "Base/Characters.h"
 #include "BoardLint/GithubOutput.h"
 #include "BoardLint/JsonOutput.h"
 #include "BoardLint/PackageCheck.h"
+#include "BoardLint/Rules.h"
 #include "BoardLint/SarifOutput.h"
 #include "BoardLint/TextOutput.h"
 #include "BoardLint/Warnings.h"
@@ -102,17 +106,41 @@ void check_verdict(const PackageCheck& check, std::string reports) {
     }
 }
 
+/// Aborts if the findings as text have a line that only a file can have written: one that does not
+/// begin with the name of a file, a line number or blanks.
+void check_lines(const PackageCheck& check, const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        const auto begins_line = [&line](const PackageCheck::File& file) {
+            const std::string head = vemo::printable(file.path) + ":";
+            return line.compare(0, head.size(), head) == 0;
+        };
+        if (line.find_first_of(" 0123456789") != 0
+            && std::none_of(check.files().begin(), check.files().end(), begins_line)) {
+            vemo::fuzz::fail("a line", line, text);
+        }
+    }
+}
+
 void write_output(const PackageCheck& check) {
     std::vector<Finding> findings = check.findings();
     for (const PackageCheck::File& file : check.files()) {
         const std::vector<Finding> warnings = vemo::lint::find_warnings(file);
         findings.insert(findings.end(), warnings.begin(), warnings.end());
     }
+    for (const Finding& finding : findings) {
+        if (vemo::lint::find_rule(finding.id) == nullptr) {
+            vemo::fuzz::fail("a rule", finding.id, finding.message);
+        }
+    }
     using nlohmann::json;
     const std::string text = vemo::lint::text_output(findings, check.sources(), {});
     const json in_json = json::parse(vemo::lint::json_output(findings));
     const json in_sarif = json::parse(vemo::lint::sarif_output(findings, "/"));
     const std::string in_github = vemo::lint::github_output(findings);
+    check_lines(check, text);
+    vemo::fuzz::check_printable(text);
+    vemo::fuzz::check_printable(in_github);
     const std::size_t counts[] = {
         in_json.at("findings").size(),
         in_sarif.at("runs").at(0).at("results").size(),

@@ -6,6 +6,9 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
+
+#include "Base/Characters.h"
 
 namespace vemo::fuzz {
 
@@ -15,6 +18,16 @@ void fail(const std::string& what, const std::string& a, const std::string& b) {
     std::fprintf(stderr, "assertion failed: %s gives\n%s\nin place of\n%s\n", what.c_str(),
                  a.c_str(), b.c_str());
     std::abort();
+}
+
+void check_printable(const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        const std::string expected = vemo::printable(line);
+        if (line != expected) {
+            fail("a line", line, expected);
+        }
+    }
 }
 
 std::string take_document(std::string& input) {

@@ -16,6 +16,9 @@ extern void (*watch_report)(const std::string& text);
 /// Aborts: the same input has led to two results.
 [[noreturn]] void fail(const std::string& what, const std::string& a, const std::string& b);
 
+/// Aborts unless each line of `text`, which is written for people, shows all its characters.
+void check_printable(const std::string& text);
+
 /// Takes the next document off `input`, the documents of a package with "%%" between them.
 std::string take_document(std::string& input);
 

@@ -88,13 +88,34 @@ void dump_all(const AnswerSources& sources, std::size_t input_size) {
     }
     stream(*sources.dm);
     stream(*sources.tm);
-    for (const auto dump : {dump_as_text, vemo::dump::json_dump, vemo::dump::shell_dump,
-                            vemo::dump::make_dump, vemo::dump::cmake_dump, vemo::dump::tcl_dump,
-                            vemo::dump::c_dump, vemo::dump::svg_dump, vemo::dump::html_dump}) {
-        until_invariant([&sources, dump, input_size] {
+    const struct {
+        std::string (*dump)(const AnswerSources& sources);
+        bool is_for_people;
+        bool is_markup;
+    } formats[] = {
+        {dump_as_text, true, false},
+        {vemo::dump::svg_dump, true, true},
+        {vemo::dump::html_dump, true, true},
+        {vemo::dump::json_dump, false, false},
+        {vemo::dump::shell_dump, false, false},
+        {vemo::dump::make_dump, false, false},
+        {vemo::dump::cmake_dump, false, false},
+        {vemo::dump::tcl_dump, false, false},
+        {vemo::dump::c_dump, false, false},
+    };
+    for (const auto& format : formats) {
+        until_invariant([&] {
+            const std::string text = format.dump(sources);
             // Nothing in a file takes that much of a dump, unless it is there in many rows.
-            if (dump(sources).size() > 64 * input_size + 16384) {
+            if (text.size() > 64 * input_size + 16384) {
                 throw std::length_error("a dump that grows faster than its input");
+            }
+            if (format.is_for_people) {
+                vemo::fuzz::check_printable(text);
+            }
+            tinyxml2::XMLDocument document;
+            if (format.is_markup && document.Parse(text.c_str()) != tinyxml2::XML_SUCCESS) {
+                vemo::fuzz::fail("XML", document.ErrorStr(), text);
             }
         });
     }

@@ -1,7 +1,4 @@
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +9,7 @@
 #include "BoardPackage/BoardPackage.h"
 #include "LintPackage.h"
 #include "Testing.h"
+#include "Xml.h"
 
 namespace {
 
@@ -86,6 +84,14 @@ TEST(BoardLint, NamesEachKindOfMistake) {
         {{{"version=\"17.1\"", ""}}, "board_spec.xml:3:1 missing-attribute\n"},
         {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},
         {{{"pb3180.xml", "absent.xml"}}, "board_spec.xml:6:11 model-not-found\n"},
+        {{{"<host>", "<global_mem name=\"new\" max_bandwidth=\"1\"/><host>"}},
+         "board_spec.xml:58:3 missing-element\n"},
+        // A width for the first interface cannot make the others the same.
+        {{{"ddr_a\" type=\"slave\" width=\"512\"", "ddr_a\" type=\"slave\""},
+          {"</global_mem>",
+           "<interface name=\"c\" port=\"p\" type=\"slave\" width=\"64\" maxburst=\"16\" "
+           "address=\"1\" size=\"1\"/></global_mem>"}},
+         "board_spec.xml:37:5 missing-attribute\nboard_spec.xml:35:3 interface-widths-differ\n"},
         // The model beside the board is checked in place of one that it does not lead to.
         {{{"peltrab.xml", "absent.xml"}, {"family=\"", "family=\"x"}},
          "pb3180.xml:2:29 model-not-found\npeltrab.xml:2:29 unknown-word peltrab\n"},
@@ -209,24 +215,26 @@ TEST(BoardLint, FindsMistakesFarDownInLargeFiles) {
     std::string channels;
     for (int i = 0; i < 1500; ++i) {
         channels += "<interface name=\"c\" port=\"p\" type=\"streamsink\" width=\"8\" chan_id=\"c"
-                    + std::to_string(i % 1499) + (i < 1498 ? "\"/>" : "\" x=\"1\"/>");
+                    + std::to_string(i == 1400 ? 0 : i) + (i < 1498 ? "\"/>" : "\" x=\"1\"/>");
     }
     channels += "<notes/>";
-    EXPECT_EQ(package_with({{"<channels>", "<channels>" + channels}}).errors(),
+    const LintPackage package = package_with({{"<channels>", "<channels>" + channels}});
+    EXPECT_EQ(package.errors(),
               "unknown-attribute unknown-attribute unexpected-element duplicate-channel-id ");
+    const auto notes = package.findings().back().notes;  // on the later channel, then on the first
+    EXPECT_GT(notes.at(0).location.column, notes.at(1).location.column);
 }
 
-TEST(BoardLint, RunsAsAProgram) {
-    const TempDir dir;
-    const LintPackage package;
-    dir.write("good.xml", package.files[0]);
-    dir.write("pb3180.xml", package.files[1]);
-    dir.write("peltrab.xml", package.files[2]);
-    dir.write("warned.xml", package_with({{"\"8532.5\"", "\"8532.5 MB\""}}).files[0]);
-    dir.write("bad.xml", package_with({{"<ffs num=\"98700\"/>", ""}}).files[0]);
-    dir.write("lost.xml", package_with({{"device_model", "model"}}).files[0]);
+struct LintProgram : ShellTest {
+    LintProgram() : ShellTest("lint", "VEMO_LINT", VEMO_LINT) {}
+};
+
+TEST_F(LintProgram, ReportsByStatusAndOutput) {
+    dir.write("good.xml", BOARD_14);
+    dir.write("warned.xml", edit(BOARD_14, "bandwidth=\"1\"", "bandwidth=\"1 MB\""));
+    dir.write("bad.xml", edit(BOARD_14, "<ffs num=\"2\"/>", ""));
+    dir.write("lost.xml", edit(BOARD_14, "device_model", "model"));
     dir.write("empty.xml", "");
-    const std::string id = "missing-element";
     struct Case {
         std::string arguments;
         int status;
@@ -234,17 +242,17 @@ TEST(BoardLint, RunsAsAProgram) {
     };
     const Case cases[] = {
         {"good.xml", 0, ""},
-        {"pb3180.xml peltrab.xml", 0, ""},
+        {"dev.xml tm.xml", 0, ""},
         {"warned.xml", 0, "partly-read-number"},
         {"--strict warned.xml", 1, "partly-read-number"},
         {"--strict --no-warn=partly-read-number warned.xml", 0, ""},
-        {"good.xml bad.xml", 1, "bad.xml:7:5: error: "},
+        {"good.xml bad.xml", 1, "bad.xml:2:32: error: "},
         {"--color=always bad.xml", 1, "\x1b["},
         {"--format=json bad.xml", 1, R"("id": "missing-element")"},
         {"--format=sarif bad.xml", 1, R"("ruleId": "missing-element")"},
-        {"--format=github bad.xml", 1, "::error file=bad.xml,line=7,"},
+        {"--format=github bad.xml", 1, "::error file=bad.xml,line=2,"},
         {"--max-findings=1 bad.xml empty.xml", 1, "stopped after 1 findings"},
-        {"lost.xml", 1, "leads to no device model; 'pb3180.xml' was checked"},
+        {"lost.xml", 1, "leads to no device model; 'dev.xml' was checked"},
         {"empty.xml", 1, "malformed-xml"},
         {".", 1, "malformed-xml"},
         {"'no\nsuch' bad.xml", 2, "cannot open 'no\\x0asuch'"},
@@ -260,12 +268,9 @@ TEST(BoardLint, RunsAsAProgram) {
         {"bad.xml >/dev/full", 2, "cannot write"},
     };
     for (const auto& [arguments, status, printed] : cases) {
-        const std::string command =
-            "cd " + dir.path + " && '" VEMO_LINT "' >out 2>err " + arguments;
-        const int result = std::system(command.c_str());  // NOLINT(bugprone-command-processor)
-        ASSERT_TRUE(WIFEXITED(result)) << arguments;
+        const int result = run("./lint " + arguments);
         const std::string output = dir.read("out") + dir.read("err");
-        EXPECT_EQ(WEXITSTATUS(result), status) << arguments << output;
+        EXPECT_EQ(result, status) << arguments << output;
         EXPECT_NE(output.find(printed), std::string::npos) << arguments << output;
         EXPECT_EQ(output.empty(), printed.empty()) << arguments << output;
     }

@@ -37,15 +37,6 @@ TEST(BoardSpecXml, ReadsEveryField) {  // that is dumped: the tests of JSON have
               dumped_model("Board specification"));
 }
 
-TEST(BoardSpecXml, TurnsWordsIntoEnumerators) {
-    const auto spec = load(BOARD);
-    const GlobalMemConfig& ddr = spec->get_global_mem_config("DDR");
-    EXPECT_EQ(ddr.get_type(), GlobalMemConfig::SharedPhysical);
-    EXPECT_EQ(ddr.get_intf(0).get_port_direction(0), Port::Read);
-    EXPECT_EQ(ddr.get_intf(0).get_port_direction(1), Port::Write);
-    EXPECT_EQ(spec->get_interface_config().get_intf(1).latency_type, 1u);
-}
-
 TEST(BoardSpecXml, LaterOneOfANameWins) {
     const std::string flow =
         "<compile project=\"later\" revision=\"\" lomb_file=\"\" "

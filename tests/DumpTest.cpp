@@ -1,35 +1,21 @@
 #include <nlohmann/json.hpp>
 
 #include "BoardDump/CHeaderDump.h"
+#include "BoardDump/Depfile.h"
 #include "BoardDump/JsonDump.h"
 #include "BoardDump/TextDump.h"
 #include "BoardPackage/BoardPackage.h"
-#include "BoardSpec/Dump.h"
-#include "TargetModel/Dump.h"
 #include "Testing.h"
 #include "Xml.h"
+#include "vemo-boardspec-version.h"
 
 namespace {
-
-/// A board with a command of all bytes, those that mean something to a reader among them.
-std::string hostile_board() {
-    std::string text;
-    for (int byte = 1; byte < 256; ++byte) {
-        const char c = static_cast<char>(byte);
-        const bool is_plain = std::string("&<>\"\t\n\r").find(c) == std::string::npos;
-        text += is_plain ? std::string(1, c) : "&#" + std::to_string(byte) + ";";
-    }
-    return edit(BOARD, "syn1 ", text + "\xe2\x82");
-}
 
 struct Dump : ShellTest {
     Dump() : ShellTest("dump", "VEMO_DUMP", VEMO_DUMP) {}
 
     vemo::BoardPackage load() const { return vemo::BoardPackage(dir / "board_spec.xml"); }
     std::string text() const { return vemo::dump::text_dump(load().sources()); }
-    nlohmann::json json() const {
-        return nlohmann::json::parse(vemo::dump::json_dump(load().sources()));
-    }
 };
 
 }  // namespace
@@ -74,23 +60,6 @@ TEST_F(Dump, TellsModelsInText) {
 )");
 }
 
-TEST_F(Dump, AssignsVariables) {
-    dir.write("board_spec.xml", edit(BOARD, "syn2", " '\\#&quot;$[@&#13;&#10;\xff\\"));
-    const std::pair<const char*, const char*> cases[] = {
-        {"sh", "cmd=' '\\''\\#\"$[@\r\n\xff\\'\n"},
-        {"make", "cmd := $(vemo_empty) '\\\\\\#\"$$[@\r$(vemo_newline)\xff\\$(vemo_empty)\n"},
-        {"cmake", "cmd \" '\\\\#\\\"\\$[\\@\\r\\n\xff\\\\\")\n"},
-        {"tcl", "cmd \" '\\\\#\\\"\\$\\[@\\r\\n\\ufffd\\\\\"\n"},
-    };
-    for (const auto& [format, line] : cases) {
-        EXPECT_EQ(run(std::string("./dump --format=") + format + " board_spec.xml"), 0);
-        const std::string text = dir.read("out");
-        const std::size_t begin = text.find("flow_1_synthesize_");
-        EXPECT_EQ(text.substr(begin + 18, std::string(line).size()), line);
-        EXPECT_NE(text.find("channel_1_port_0_name"), std::string::npos);
-    }
-}
-
 TEST_F(Dump, DefinesMacrosOfLegalNames) {
     std::string board = edit(edit(BOARD, "QDR", "ddr"), "\"alpha\"", "\"é\"");
     board = edit(board, "\"zeta\"", "\"-z__e?1-" + std::string(32, 'a') + "\"");
@@ -115,56 +84,14 @@ TEST_F(Dump, DefinesMacrosOfLegalNames) {
               std::string::npos);
 }
 
-TEST_F(Dump, IsCleanWhateverFilesContain) {
-    dir.write("board_spec.xml", edit(hostile_board(), "\"100.5\"", "\"inf\""));
-    const auto whole = json();
-    const std::string command = whole["answers"]["synthesize_cmd"];
-    EXPECT_EQ(command.substr(0, 10), "\1\2\3\4\5\6\a\b\t\n");
-    EXPECT_EQ(command.find("\x7f\xef\xbf\xbd"), 0x7eU);
-    EXPECT_EQ(whole["board"]["global_mem"][0]["max_bandwidth"], nullptr);
-    EXPECT_EQ(text().find_first_of("\x1b\r\x7f"), std::string::npos);
-}
-
-TEST_F(Dump, TellsModelsInJson) {
-    // Every field has a value of its own.
-    const auto whole = json();
-    const std::pair<const char*, const char*> parts[] = {
-        {"/flows/1",
-         R"({"automigrate_exclude":"","automigrate_include":"","automigrate_type":"pb_net",)"
-         R"("generate_cmd":"gen2","generic_kernel":"0","lomb_file":"sys2.lomb","name":"alpha",)"
-         R"("project":"top2","revision":"rev2","synthesize_cmd":"syn2"})"},
-        {"/board/compile/0/generate", R"({"additional_args":true,"cmd":"gen1"})"},
-        {"/board/interfaces/interface/0",
-         R"({"addpipe":0,"address":43776,"bsp_vnmm_write_ack":false,"chan_id":"cid","clock":"ck",)"
-         R"("enable":"en","latency":240,"latency_type":"average","maxburst":8,"misc":7,)"
-         R"("name":"ctl","port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
-         R"("hazard_free_attributes":true,"name":"ctl_p"}],"sampling_rate":null,"size":8192,)"
-         R"("type":"master","waitrequest":0,"waitrequest_allowance":0,"width":34})"},
-        {"/board/interfaces/interface/1",
-         R"({"addpipe":9,"address":0,"bsp_vnmm_write_ack":true,"chan_id":"","clock":"",)"
-         R"("enable":"","latency":99,"latency_type":"fixed","maxburst":1,"misc":0,)"
-         R"("name":"done","port":[{"attribute":[],"attribute_width":0,"direction":"rw",)"
-         R"("hazard_free_attributes":true,"name":"irq_p"}],"sampling_rate":2.5,"size":null,)"
-         R"("type":"irq","waitrequest":5,"waitrequest_allowance":6,"width":null})"},
-        {"/board/global_mem/0/interface/0/port",
-         R"([{"attribute":[],"attribute_width":0,"direction":"r","hazard_free_attributes":true,)"
-         R"("name":"d0_r"},{"attribute":[{"encoding":7,"name":"burst"}],"attribute_width":3,)"
-         R"("direction":"w","hazard_free_attributes":false,"name":"d0_w"}])"},
-        {"/board/global_mem/0/type", R"("shared physical")"},
-        {"/device_model/fmax", R"({"expected":240.5,"high":180.0,"min":150.0})"},
-        {"/target_model/family", R"("peltrab")"},
-        {"/target_model/family_info",
-         R"({"alm_rom_name":"AR","bits_per_alm":81,"block_ram_name":"BR","lut_inputs":82,)"
-         R"("mux_inputs":83,"preferred_dsp_dot_size":84})"},
-    };
-    for (const auto& [path, expected] : parts) {
-        EXPECT_EQ(whole.at(nlohmann::json::json_pointer(path)).dump(), expected);
-    }
+TEST_F(Dump, TellsModelsInJson) {  // every field has a value of its own
+    EXPECT_EQ(run("./dump --format=json board_spec.xml"), 0);
+    EXPECT_EQ(fill(dir.read("out"), {{VEMO_BOARDSPEC_VERSION, "VERSION"}}), read_data("dump.json"));
     dir.write("board_spec.xml",
               edit(BOARD_14, "<compile", R"(<compile project="p" revision="r" lomb_file="l"
                                              generic_kernel="1"/><compile)"));
     dir.write("tm.xml", edit(TARGET_MODEL, "<global_interconnect>...</global_interconnect>", ""));
-    const auto other = json();
+    const auto other = nlohmann::json::parse(vemo::dump::json_dump(load().sources()));
     EXPECT_EQ(other["flows"].size(), 1u);
     EXPECT_EQ(other["flows"][0]["project"], "top");
     EXPECT_EQ(other["board"]["compile_names"].dump(), R"(["default","default"])");
@@ -203,5 +130,41 @@ TEST_F(Dump, TellsErrorsOnStandardErrorAlone) {
         EXPECT_EQ(run(command), 1) << command;
         EXPECT_EQ(dir.read("out"), "") << command;
         EXPECT_EQ(dir.read("err").substr(0, error.size()), error) << command;
+    }
+}
+
+TEST_F(Dump, WritesFilesCompletelyOrNotAtAll) {
+    const char* cases[] = {
+        "(umask 027; $dump --output=new) && cmp text new && [ $(stat -c %a new) = 640 ]",
+        "touch -d @9 new && $dump --output=none --output=new && [ $(stat -c %Y new) = 9 ]",
+        "mkdir d && echo >d/old && chmod 604 d/old && ln -s d/old link && ln -s link links",
+        "$dump --output=links && [ -L links ] && cmp text d/old && [ $(stat -c %a d/old) = 604 ]",
+        "ln -s d/new dangling && $dump --output=dangling && cmp text d/new",
+        "head -c 999 text >d/old && $dump --output=d/old && cmp text d/old",
+        "! (ulimit -f 600; ./dump --output=d/old long.xml) && cmp text d/old",
+        "[ $(ls -A d | wc -l) = 2 ]",
+        "mkfifo pipe && { cat pipe >got & $dump --output=pipe; } && wait && cmp text got",
+        "echo first >log && $dump --output=/dev/stdout >>log && (echo first; cat text) | cmp - log",
+        "! $dump --output=/dev/full && grep \"Cannot write '/dev/full': No space left\" err",
+        "! $dump --output=d && ! $dump --output=no/x && ! $dump --output=text/x",
+        "! $dump --depfile=no/x --output=x && ! [ -e x ]",
+        "! $dump --depfile=x && ! $dump --depfile-target=x && ! [ -e x ]",
+        "[ \"$($dump --candidates)\" = \"$(printf 'dev.xml\\ntm.xml')\" ]",
+    };
+    dir.write("long.xml", edit(BOARD, "\"acme\"", "\"" + std::string(400000, 'x') + "\""));
+    for (const char* commands : cases) {
+        EXPECT_EQ(run(std::string("dump='./dump board_spec.xml'; $dump >text && ") + commands), 0)
+            << commands << dir.read("err");
+    }
+}
+
+TEST(Depfile, EscapesNames) {
+    using vemo::dump::depfile_text;
+    EXPECT_EQ(depfile_text("o %", {"a #", "/$b:c|\\d", "e\\ \\"}),
+              "o\\ \\%: a\\ \\# /$$b\\:c\\|\\d e\\\\\\ \\\\\n"
+              "a\\ \\#:\n/$$b\\:c|\\d:\ne\\\\\\ \\\\:\n");
+    EXPECT_EQ(depfile_text("o", {"a=b", "100%"}), "o: /dev/null a=b 100%\n");
+    for (const char* name : {"a\nb", "a;b"}) {
+        EXPECT_THROW(depfile_text("o", {name}), std::runtime_error);
     }
 }

@@ -1,6 +1,5 @@
 #include <nlohmann/json.hpp>
 
-#include "Base/Characters.h"
 #include "BoardLint/GithubOutput.h"
 #include "BoardLint/JsonOutput.h"
 #include "BoardLint/SarifOutput.h"
@@ -49,25 +48,6 @@ TEST(LintText, MarksThePlaceInTheSourceLine) {
     }
 }
 
-static std::string hostile_text() {
-    std::string text = "a\n::error::b\r\xe2\x80\xae\xe2\x80\xa8\xc2\x9b[31m%0A,:";
-    for (int byte = 1; byte < 256; ++byte) {
-        text += static_cast<char>(byte);
-    }
-    return text;
-}
-
-/// A finding in which the file has its say wherever it can.
-static Finding hostile_finding() {
-    const Location place = {hostile_text(), 3, 4, 5};
-    Finding finding = finding_at(place);
-    finding.message = hostile_text();
-    finding.suggestion = hostile_text();
-    finding.notes.push_back({place, hostile_text()});
-    finding.notes.emplace_back().text = hostile_text();
-    return finding;
-}
-
 TEST(LintText, ShowsNotesAndSuggestions) {
     Finding finding = finding_at({"b.xml", 36, 4, 2});
     finding.suggestion = "y";
@@ -96,25 +76,8 @@ b.xml: warning: Unexpected attribute 'x'. [unknown-attribute]
               vemo::lint::text_output({other}, sources, {}));
 }
 
-TEST(LintOutputs, DoNotLetFilesForgeLines) {
-    using namespace vemo::lint;
-    Sources sources;
-    sources.add(hostile_text(), "\n\n" + fill(hostile_text(), {{"\n", ""}}));
-    const std::pair<std::string, unsigned> outputs[] = {
-        {text_output({hostile_finding()}, sources, {}), 7},
-        {github_output({hostile_finding()}), 1},
-        {json_output({hostile_finding()}), 30},
-    };
-    for (const auto& [output, num_lines] : outputs) {
-        std::string kept;  // nothing but characters that a terminal shows, in a number of lines
-        for (std::string_view rest = output; !rest.empty();) {
-            const vemo::Character character = vemo::take_character(rest);
-            kept += character.bytes == "\n" ? "\n" : vemo::printable(character);
-        }
-        EXPECT_TRUE(kept == output) << output;
-        EXPECT_EQ(split(output, "\n").size(), num_lines + 1) << output;
-    }
-    EXPECT_EQ(github_output({finding_at({"a,b:c%.xml", 3, 4, 5})}),
+TEST(LintGithub, EscapesNames) {
+    EXPECT_EQ(vemo::lint::github_output({finding_at({"a,b:c%.xml", 3, 4, 5})}),
               "::error file=a%2Cb%3Ac%25.xml,line=3,col=4,endColumn=8,title=unknown-attribute::"
               "Unexpected attribute 'x'.\n");
 }

@@ -1,8 +1,8 @@
 #include "LintPackage.h"
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
+#include <regex>
 #include <stdexcept>
 
 #include "BoardLint/PackageCheck.h"
@@ -16,15 +16,6 @@ namespace {
 constexpr const char* FILES[] = {"teasel/board_spec.xml", "teasel/pb3180.xml",
                                  "teasel/peltrab.xml"};
 
-/// Offset of the start tag `name` at or after `offset`.
-std::size_t find_tag(const std::string& text, const std::string& name, std::size_t offset = 0) {
-    do {
-        offset = text.find("<" + name, offset == 0 ? 0 : offset + 1);
-    } while (offset != std::string::npos
-             && std::string(" \n>/").find(text[offset + name.size() + 1]) == std::string::npos);
-    return offset;
-}
-
 /// Changes the working directory for as long as it lives.
 struct WorkingDirectory {
     explicit WorkingDirectory(const std::string& path) { std::filesystem::current_path(path); }
@@ -33,14 +24,6 @@ struct WorkingDirectory {
 };
 
 }  // namespace
-
-std::string read_file(const std::string& path) {
-    std::ifstream file(path);
-    if (!file) {
-        throw std::runtime_error("cannot read " + path);
-    }
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 LintPackage::LintPackage() {
     for (std::size_t i = 0; i < std::size(FILES); ++i) {
@@ -53,25 +36,19 @@ LintPackage::LintPackage() {
 
 LintPackage& LintPackage::replace(const std::string& example) {
     const std::string name = example.substr(1, example.find_first_of(" >/\n") - 1);
+    const std::string end_tag = "</" + name + ">";
     for (std::string& text : files) {
-        const std::size_t begin = find_tag(text, name);
-        if (begin == std::string::npos) {
-            continue;
+        std::smatch tag;
+        if (std::regex_search(text, tag, std::regex("<" + name + "(?=[ \n>/])[^>]*>"))) {
+            const auto begin = static_cast<std::size_t>(tag.position());
+            const std::size_t content = begin + static_cast<std::size_t>(tag.length());
+            const std::size_t content_end = text.rfind(end_tag);
+            const bool is_empty = content_end == std::string::npos;
+            const std::string former = is_empty ? "" : text.substr(content, content_end - content);
+            const std::size_t end = is_empty ? content : content_end + end_tag.size();
+            text.replace(begin, end - begin, fill(example, {{"...", former}}));
+            return *this;
         }
-        std::size_t last = begin;
-        for (std::size_t next = begin; next != std::string::npos;
-             next = find_tag(text, name, next)) {
-            last = next;
-        }
-        const std::size_t tag_end = text.find('>', last) + 1;
-        const bool is_empty = text[tag_end - 2] == '/';
-        const std::string end_tag = "</" + name + ">";
-        const std::size_t end = is_empty ? tag_end : text.find(end_tag, last) + end_tag.size();
-        const std::size_t content = text.find('>', begin) + 1;
-        const std::string former =
-            is_empty ? "" : text.substr(content, end - end_tag.size() - content);
-        text.replace(begin, end - begin, fill(example, {{"...", former}}));
-        return *this;
     }
     throw std::logic_error("no element " + name);
 }

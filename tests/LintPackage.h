@@ -5,8 +5,6 @@
 
 #include "BoardLint/Finding.h"
 
-std::string read_file(const std::string& path);
-
 /// A board package for the tests of the checker: the example teasel, which is right, and changes.
 /// The working directory has a model.xml of its own.
 class LintPackage {
@@ -14,7 +12,8 @@ public:
     LintPackage();
 
     /// Replaces an element and all siblings of its name by an example, in the first file that has
-    /// such an element. "..." in the example stands for the content of the former elements.
+    /// such an element, which is empty only if there is one. "..." in the example stands for the
+    /// content of the former element.
     LintPackage& replace(const std::string& example);
 
     /// Replaces the first `from`, which must be there, in the first file that has it.

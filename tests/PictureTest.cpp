@@ -237,12 +237,8 @@ TEST_F(Picture, LetsNothingInAFileBecomeMarkup) {
     for (const auto format : {svg_dump, html_dump}) {
         std::set<std::string> names[2];  // of elements and attributes: of the board, of the hostile
         for (const bool is_hostile : {false, true}) {
-            const std::string text = dump(format, is_hostile ? hostile : BOARD);
-            for (const std::string& line : split(text, "\n")) {
-                EXPECT_EQ(line, vemo::printable(line));
-            }
             std::set<std::string> ids;
-            const Document document(text);
+            const Document document(dump(format, is_hostile ? hostile : BOARD));
             for (const XMLElement* elem : document.elements) {
                 names[is_hostile ? 1 : 0].insert(elem->Name());
                 for (const auto* attr = elem->FirstAttribute(); attr != nullptr;
@@ -276,17 +272,9 @@ TEST_F(Picture, HasThePlaceOfEverythingOnItsPage) {
         }
     }
     // Every value of the models is there, but those that are shown otherwise.
-    const std::set<std::string> otherwise = {"interleaved_bytes",
-                                             "config_addr",
-                                             "min_address",
-                                             "max_address",
-                                             "address",
-                                             "size",
-                                             "start",
-                                             "mlabs",
-                                             "les",
-                                             "family",
-                                             "hazard_free_attributes"};
+    const std::string otherwise =
+        " interleaved_bytes config_addr min_address max_address address size "
+        "start mlabs les family hazard_free_attributes ";
     std::size_t num_values = 0;
     const auto values = nlohmann::json::parse(dump(json_dump)).flatten();
     for (const auto& [path, value] : values.items()) {
@@ -294,7 +282,8 @@ TEST_F(Picture, HasThePlaceOfEverythingOnItsPage) {
         const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
         const bool says_something = !(value.is_boolean() || value.is_null() || text.empty());
         if (path.find("/answers") == 0 || path.find("version") != std::string::npos
-            || otherwise.count(name) != 0 || !says_something || text == "0" || text == "0.0") {
+            || otherwise.find(" " + name + " ") != std::string::npos || !says_something
+            || text == "0" || text == "0.0") {
             continue;
         }
         ++num_values;
@@ -350,9 +339,6 @@ TEST(Markup, KeepsTextsWhole) {
     EXPECT_EQ(element->GetText(), vemo::printable(HOSTILE));
     EXPECT_EQ(element->Attribute("b"), vemo::printable(HOSTILE));
     EXPECT_EQ(element->Attribute("c"), nullptr);
-    for (const char c : {'<', '>', '"', '\''}) {  // but those of the markup itself
-        EXPECT_EQ(split(markup.text(), std::string(1, c)).size(), c == '\'' ? 1u : 3u);
-    }
 }
 
 TEST(AddressScale, CutsRangesIntoStretches) {
@@ -373,25 +359,20 @@ TEST(AddressScale, CutsRangesIntoStretches) {
     };
     for (const auto& [ranges, expected] : cases) {
         const AddressScale scale(ranges, 10);
-        std::string found;
+        std::ostringstream found;
         int top = 0;
         for (const AddressStretch& stretch : scale.stretches) {
-            for (const auto& [number, end] :
-                 {std::pair<std::uint64_t, const char*>(stretch.first, " "),
-                  {stretch.num_covers, "/"},
-                  {stretch.begins.size(), " "},
-                  {static_cast<std::uint64_t>(stretch.height), " "}}) {
-                found += std::to_string(number) + end;
-            }
+            found << stretch.first << " " << stretch.num_covers << "/" << stretch.begins.size()
+                  << " " << stretch.height << " ";
             EXPECT_EQ(stretch.top, top);
             top += stretch.height;
         }
         EXPECT_EQ(scale.height, top);
-        found += "; ";
+        found << "; ";
         for (const RangePlace& place : scale.places) {
-            found += std::to_string(place.lane) + " ";
+            found << place.lane << " ";
         }
-        EXPECT_EQ(found, expected);
+        EXPECT_EQ(found.str(), expected);
     }
 }
 

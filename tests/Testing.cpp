@@ -39,7 +39,7 @@ std::string fill(std::string text, const std::vector<std::pair<std::string, std:
     return text;
 }
 
-static std::string read_file(const std::string& path) {
+std::string read_file(const std::string& path) {
     std::ifstream stream(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }

@@ -30,6 +30,8 @@ std::string dump(const T& value) {
 
 std::vector<std::string> split(const std::string& text, const std::string& separator);
 
+std::string read_file(const std::string& path);
+
 /// A file of data/. The test fails if there is none.
 std::string read_data(const std::string& file);
 
