@@ -50,7 +50,7 @@ public:
     float get_expected_fmax() const { return m_expected_fmax; }
     void set_expected_fmax(float expected_fmax);  // above 0
 
-    /// Least clock frequency in MHz; 0 in a new model.
+    /// Minimum clock frequency in MHz; 0 in a new model.
     float get_min_fmax() const { return m_min_fmax; }
     void set_min_fmax(float min_fmax);  // above 0
 

@@ -80,7 +80,7 @@ bool DeviceModelVisitor::visit_device_model_elem(const XMLElement& elem) {
 
 bool DeviceModelVisitor::visit_fmax_elem(const XMLElement& elem) {
     const vemo::xml::FoundAttributes found(elem, FMAX_ATTRIBUTES);
-    // All three checks are made, whatever the first ones say.
+    // All three checks are made, even after one has failed.
     report_unexpected_elem_stack(elem, 1, "device_model");
     report_unexpected_elem_stack_count(elem, 1);
     report_unexpected_attrs(elem, found);

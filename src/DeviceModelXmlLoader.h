@@ -14,7 +14,7 @@ public:
     explicit DeviceModelXmlLoader(vemo::xml::Debug debug = vemo::xml::Debug::Off)
         : DeviceModelXmlLoader(debug == vemo::xml::Debug::On) {}
 
-    /// The same; `debug` stands for Debug::On.
+    /// The same; `debug` means Debug::On.
     explicit DeviceModelXmlLoader(bool debug) : m_echo(echo_if(debug)) {}
 
     /// Loads the file `filename`, see parse_file. Returns a model owned by the caller, or null when
@@ -24,8 +24,8 @@ public:
     /// The same for a NUL-terminated text, see parse_xml.
     DeviceModel* load_xml(const char* xml);
 
-    /// The same for a parsed document. Takes ownership of `doc`; null stands for a parse that
-    /// failed, and gives null.
+    /// The same for a parsed document. Takes ownership of `doc`. Returns null if `doc` is
+    /// null, as after a failed parse.
     DeviceModel* load_target_model(tinyxml2::XMLDocument* doc);
 
     /// Finds the device model file that the board file `board_spec_path` calls `dm_path`. Returns

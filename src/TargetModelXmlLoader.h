@@ -15,7 +15,7 @@ public:
     explicit TargetModelXmlLoader(vemo::xml::Debug debug = vemo::xml::Debug::Off)
         : TargetModelXmlLoader(debug == vemo::xml::Debug::On) {}
 
-    /// The same; `debug` stands for Debug::On.
+    /// The same; `debug` means Debug::On.
     explicit TargetModelXmlLoader(bool debug) : m_echo(echo_if(debug)) {}
 
     /// Loads the file `filename`, see parse_file. Returns a model owned by the caller, or null when
@@ -25,8 +25,8 @@ public:
     /// The same for a NUL-terminated text, see parse_xml.
     TargetModel* load_xml(const char* xml);
 
-    /// The same for a parsed document. Takes ownership of `doc`; null stands for a parse that
-    /// failed, and gives null.
+    /// The same for a parsed document. Takes ownership of `doc`. Returns null if `doc` is
+    /// null, as after a failed parse.
     TargetModel* load_target_model(tinyxml2::XMLDocument* doc);
 
     /// Finds the target model file that the device model file `dm_file_path` calls `tm_path`.

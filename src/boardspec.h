@@ -21,8 +21,8 @@ template <typename Loader>
 
 vemo::board::BoardSpec* parse_boardspec(const char* bspec_xml);
 
-/// Loads the device model file that the board file `bspec_xml` names `dm_xml`, and tells where it
-/// was found. An error names the file as the board file does.
+/// Loads the device model file that the board file `bspec_xml` names `dm_xml`, and stores
+/// its path. An error names the file as the board file does.
 vemo::dmodel::DeviceModel* parse_devicemodel(const char* dm_xml, const char* bspec_xml,
                                              std::string& dm_resolved_path);
 

@@ -56,7 +56,7 @@ constexpr const char* FORMAT_HELP = R"(Formats:
         an overlap), ports, and the models.
   json  One object: "answers" (of every vemo-boardspec command), "flows" (the
         answers of each compile flow), "board", "device_model" and
-        "target_model" (all that the files say).
+        "target_model" (the contents of the files).
   sh    Assignments to eval: vemo_<command>, vemo_num_flows, vemo_flow_<i>_name
         and vemo_flow_<i>_<command>, with i from 0; likewise the memories, their
         interfaces and the channels. The manual page lists all variables.
@@ -76,7 +76,7 @@ Examples:
   vemo-boardspec-dump --format=make board_spec.xml >board.mk
   vemo-boardspec-dump --format=html board_spec.xml >board.html
 
-Exit status: 0, or 1 after an error, which is told on standard error.)";
+Exit status: 0, or 1 after an error, which is reported on standard error.)";
 
 struct Options {
     std::string format = FORMATS[0].name;

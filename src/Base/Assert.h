@@ -6,7 +6,7 @@
 /// file can get wrong is reported as a diagnostic instead. An InvariantTrap turns the abort into an
 /// exception.
 ///
-/// The condition is printed as it stands after macro expansion, so that a check against NULL
+/// The condition is printed after macro expansion, so that a check against NULL
 /// prints `intf != __null`. People search for these texts; spell a condition as it shall print.
 #define VEMO_ASSERT(expr) VEMO_ASSERT_EXPANDED(expr)
 #define VEMO_ASSERT_EXPANDED(expr) \

@@ -7,7 +7,7 @@
 namespace vemo {
 
 /// While it lives, this thread reads and writes numbers as in the "C" locale, whatever the program
-/// has set. Its end brings back what this thread used before. Other threads notice nothing.
+/// has set. Restores the former locale of the thread at its end. Other threads are not affected.
 class CLocaleScope {
 public:
     CLocaleScope() : m_c_locale(newlocale(LC_ALL_MASK, "C", nullptr)) {

@@ -28,8 +28,8 @@ public:
     static std::string append(std::string base, std::string tail);
 
     /// True when the path can be opened for reading; so a directory exists, an unreadable file
-    /// does not. True as well when the system fails to tell (too many open files, a read error of
-    /// the disk): whoever opens the file next reports that, and no search passes over it.
+    /// does not. Also true if the system fails (too many open files, a disk error), so that a
+    /// search does not skip the file: the next attempt to open it reports the failure.
     static bool exists(std::string path);
 };
 

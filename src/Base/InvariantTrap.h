@@ -15,7 +15,7 @@ struct BrokenInvariant : std::exception {
     const char* what() const noexcept override { return condition; }
 
     const char* condition;  // as the abort would print it
-    const char* file;       // where the assertion stands
+    const char* file;       // of the assertion
     int line;
 };
 

@@ -9,8 +9,8 @@ namespace vemo {
 /// for: the system limits that wait. Interruptions by signals are retried.
 int open_for_reading(const char* path);
 
-/// True when `error`, an errno value, says that there is no file of that name which this process
-/// could read. False when it says that the system failed, so that nobody knows.
+/// True if `error`, an errno value, means that there is no file of that name that this process can
+/// read. False if it means that the system failed, so that there may be one.
 bool means_absent(int error);
 
 /// True when no way of opening `path` for reading waits for another process, except for one that

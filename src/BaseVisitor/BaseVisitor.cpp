@@ -86,7 +86,7 @@ void BaseVisitor::trace(const char* action) const {
     debug(std::string("[xml] ") + action + " " + get_elem_stack_key() + "\n");
 }
 
-// All data is in attributes: what stands between elements is passed over.
+// All data is in attributes: text between elements is ignored.
 
 bool BaseVisitor::Visit(const tinyxml2::XMLDeclaration&) { return !m_has_error; }
 
@@ -396,7 +396,7 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
            || (report && report_attr_type_error(elem, found.name, "", {nullptr, {example(value)}}));
 }
 
-// The types of attribute that there are. (A type cannot stand in parentheses.)
+// The types of attribute that there are. (A type cannot be in parentheses.)
 // NOLINTBEGIN(bugprone-macro-parentheses)
 #define VEMO_INSTANTIATE_QUERY_ATTRIBUTE(T)                                                        \
     template bool BaseVisitor::query_attribute(const XMLElement&, const char*, T*, bool, bool);    \

@@ -26,7 +26,7 @@ namespace vemo::xml {
 /// the checks, reports and typed attribute reads from which a reader is written. The first reported
 /// error sets `m_has_error`, and from then on every callback returns false, which ends the walk.
 ///
-/// The document must outlive the visitor, which keeps the names of elements as they stand in it.
+/// The document must outlive the visitor, which keeps pointers to the names of elements.
 ///
 /// Operations with `n` and an ellipsis take `n` names as `const char*`.
 class BaseVisitor : public tinyxml2::XMLVisitor {
@@ -187,7 +187,7 @@ public:
     ///
     /// T is one of std::string, const char* (the text in the document), unsigned
     /// (decimal), int, float, bool (the last three as the XML library reads them), unsigned_hex and
-    /// unsigned64_hex (blanks before the number are skipped, blanks behind it are not accepted).
+    /// unsigned64_hex (whitespace before the number is skipped, whitespace after it is an error).
     template <typename T>
     bool query_attribute(const XMLElement& elem, const char* name, T* value, bool report,
                          bool required);
@@ -198,7 +198,7 @@ public:
                          bool required);
 
 protected:
-    /// Whether someone takes what ReportDetails says.
+    /// Whether ReportDetails are used.
     bool has_report_sink() const { return m_report_sink != nullptr; }
 
     bool is_tracing() const { return m_debug; }

@@ -63,7 +63,7 @@ public:
 
 private:
     /// A path of names, and how often it has been entered. A schema has few, and an element outside
-    /// it ends the walk, so those below a path are a list. The newest stands first.
+    /// it ends the walk, so those below a path are a list. The newest is the first.
     struct Path {
         Path* parent = nullptr;
         ElementName name = "";  // as it was written last

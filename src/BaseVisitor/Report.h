@@ -16,7 +16,7 @@ struct ElementPair {
 
 constexpr std::size_t MAX_PAIRS = 1000;
 
-/// What a reader says about an error beyond its text.
+/// Details of an error beyond its text.
 struct ReportDetails {
     /// Id of the broken rule, a literal in words: "unknown-word". Null for the rule of the report
     /// operation itself.

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t MAX_LANES = 6;
 
-/// One range for those from `begin` on, up to `end`.
+/// One range in place of those from `begin` to `end`.
 AddressRange group_of(const AddressRange* begin, const AddressRange* end) {
     AddressRange group = *begin;
     if (end - begin == 1) {
@@ -67,7 +67,7 @@ AddressScale::AddressScale(const std::vector<AddressRange>& ranges, int line_hei
     cuts.erase(std::unique(cuts.begin(), cuts.end()), cuts.end());
     std::sort(ends.begin(), ends.end());
 
-    // A few stretches may show their sizes, many shall still fit on a page.
+    // A few stretches can show their sizes; many must still fit on a page.
     const int pixels_per_bit = cuts.size() <= 12 ? 4 : cuts.size() <= 24 ? 2 : 1;
     constexpr int LEAST_BITS = 8;  // that show
     std::size_t num_begun = 0;

@@ -8,14 +8,14 @@
 
 namespace vemo::dump {
 
-/// The number of a memory that stands for several.
+/// The memory number of a range that represents several memories.
 constexpr std::size_t NO_MEMORY = static_cast<std::size_t>(-1);
 
-/// At most `max_groups` ranges in place of many: each stands for a group of neighbours, of which
-/// its texts tell the number and what is between them.
+/// At most `max_groups` ranges in place of many. Each represents a group of neighbors; its texts
+/// give their number, and the gaps and overlaps between them.
 std::vector<AddressRange> grouped(const std::vector<AddressRange>& ranges, std::size_t max_groups);
 
-/// Addresses in which no range begins or ends.
+/// A stretch of addresses in which no range begins or ends.
 struct AddressStretch {
     std::uint64_t first;
     std::uint64_t last;      ///< Inclusive.
@@ -25,19 +25,19 @@ struct AddressStretch {
     int height;                       ///< In pixels.
 };
 
-/// Where a range is on the scale.
+/// The place of a range on the scale.
 struct RangePlace {
     int top;
     int height;
     std::size_t lane;  ///< From 0. Ranges in one lane do not overlap, except in the last of many.
 };
 
-/// A drawing of address ranges to a scale on which a few bytes and gigabytes are both seen: from
-/// the lowest address down to the highest, and each stretch as high as the logarithm of its size
-/// and the lines of text beside it demand.
+/// The layout of address ranges on a scale that shows a few bytes as well as gigabytes. Addresses
+/// ascend from top to bottom. The height of a stretch follows the logarithm of its size, but leaves
+/// room for its lines of text.
 struct AddressScale {
-    /// `ranges` are sorted by their first address, as address_ranges() does it. `line_height` is
-    /// that of a line of text in pixels. Takes time proportional to n log n for n ranges.
+    /// `ranges` must be sorted as by address_ranges(). `line_height` is the height of a line of
+    /// text in pixels. Takes O(n log n) time.
     AddressScale(const std::vector<AddressRange>& ranges, int line_height);
 
     std::vector<AddressStretch> stretches;

@@ -142,14 +142,14 @@ std::string shell_quoted(const std::string& value) {
     return word + "'";
 }
 
-/// The right-hand side of := that gives a variable of make exactly `value`.
+/// The right-hand side of := that gives a make variable exactly `value`.
 std::string make_quoted(const std::string& value) {
     constexpr const char* EMPTY = "$(vemo_empty)";
-    constexpr const char* BLANKS = " \t\v\f\r";
+    constexpr const char* WHITESPACE = " \t\v\f\r";
 
     std::string text;
-    // Blanks before a value do not belong to it.
-    if (value.find_first_of(BLANKS) == 0) {
+    // Whitespace before a value does not belong to it.
+    if (value.find_first_of(WHITESPACE) == 0) {
         text += EMPTY;
     }
     std::size_t num_backslashes = 0;  // right before c
@@ -168,9 +168,9 @@ std::string make_quoted(const std::string& value) {
         num_backslashes = c == '\\' ? num_backslashes + 1 : 0;
     }
     // At its end, a backslash would join the line with the next, a carriage return would belong to
-    // the line break, and editors take blanks away.
+    // the line break, and editors remove whitespace.
     if (!value.empty()
-        && std::string(BLANKS).append("\\").find(value.back()) != std::string::npos) {
+        && std::string(WHITESPACE).append("\\").find(value.back()) != std::string::npos) {
         text += EMPTY;
     }
     return text;

@@ -6,9 +6,9 @@
 
 namespace vemo::dump {
 
-// Everything about a board as assignments of variables. What a board file contains can end up in a
-// value, never in a name. An attribute that is not given is empty, a flag is 1 or 0, and numbers
-// are decimal. i, j and k count from 0:
+// Everything about a board as assignments of variables. Texts of a board file can become values,
+// never part of a name. A missing attribute is empty, a flag is 1 or 0, and numbers are decimal. i,
+// j and k count from 0:
 //
 //   vemo_<command>                        every answer, with that about the default flow where a
 //                                         command reads a flow
@@ -26,19 +26,18 @@ namespace vemo::dump {
 //   vemo_kernel_config_start, vemo_kernel_config_size
 //                                         the host's window on the kernel
 //
-// All formats except that for Tcl keep values to the byte.
+// All formats except Tcl keep values byte for byte.
 
-/// For the eval of a POSIX shell.
+/// For `eval` in a POSIX shell.
 std::string shell_dump(const AnswerSources& sources);
 
-/// For the include of a GNU makefile. Defines vemo_empty and vemo_newline, too.
+/// For `include` in a GNU makefile. Also defines vemo_empty and vemo_newline.
 std::string make_dump(const AnswerSources& sources);
 
-/// For the include of a CMake script.
+/// For `include` in a CMake script.
 std::string cmake_dump(const AnswerSources& sources);
 
-/// For the source of a Tcl script, whatever its encoding: nothing but ASCII. Bytes that are no
-/// UTF-8 become U+FFFD.
+/// For `source` in a Tcl script of any encoding: the output is ASCII. Invalid UTF-8 becomes U+FFFD.
 std::string tcl_dump(const AnswerSources& sources);
 
 }  // namespace vemo::dump

@@ -17,14 +17,14 @@ AttributeValue figure_value(Number number) {
     return number > 0 ? AttributeValue(number) : AttributeValue();
 }
 
-/// The word for an enumerator; nothing for a value that is none.
+/// The word for an enumerator; nothing for any other value.
 template <std::size_t N>
 AttributeValue word_value(const std::string_view (&words)[N], std::size_t index) {
     return index < N ? AttributeValue(words[index]) : AttributeValue();
 }
 
-/// The value in plain text: 1 or 0 for a flag, and nothing for nothing. A number has the digits
-/// that tell it from all others, and no more.
+/// The value as plain text: 1 or 0 for a flag, an empty text for nothing. A number has as many
+/// digits as are needed to read back the same value.
 std::string to_text(const AttributeValue& value);
 
 }  // namespace vemo::dump

@@ -18,7 +18,7 @@ namespace {
 /// `text` in upper case, with one underscore for characters that cannot be part of an identifier.
 /// There is none at either end. May be empty, or begin with a digit.
 std::string identifier_part(const std::string& text) {
-    constexpr std::size_t MAX_SIZE = 32;  // compilers need not tell longer identifiers apart
+    constexpr std::size_t MAX_SIZE = 32;  // compilers need not distinguish longer identifiers
     std::string part;
     bool is_separated = false;
     for (const char c : text) {
@@ -39,8 +39,8 @@ std::string identifier_part(const std::string& text) {
     return part;
 }
 
-/// The part that is about number `index` of a kind, in the names of its macros. `taken` are those
-/// of the kind so far.
+/// The identifier of item `index` of a kind, for the names of its macros. `taken` are the
+/// identifiers of the kind so far.
 std::string take_part(const std::string& name, std::size_t index, std::set<std::string>& taken) {
     const std::string number = std::to_string(index);
     std::string part = identifier_part(name);

@@ -6,8 +6,8 @@
 namespace vemo::dump {
 namespace {
 
-/// `name` with a backslash before each of the characters `special`, and with the backslashes before
-/// such a character, or before the end, doubled. Other backslashes stand for themselves.
+/// `name` with a backslash before each of the characters `special`. Backslashes before such a
+/// character or at the end are doubled; others are not special.
 std::string escaped(const std::string& name, const std::string& special) {
     if (name.find_first_of("\n;") != std::string::npos) {
         throw std::runtime_error("A depfile cannot contain the file name '" + name + "'");
@@ -30,7 +30,7 @@ std::string target_text(const std::string& name) { return escaped(name, " \t#:%"
 
 std::string file_text(const std::string& name) { return escaped(name, " \t#:|"); }
 
-/// Whether make or ninja would take "name:" for something else than a rule for this name.
+/// Whether make or ninja would not read "name:" as a rule for this name.
 bool has_other_meaning(const std::string& name) {
     return name.find_first_of("=%\t") != std::string::npos;
 }

@@ -6,8 +6,8 @@
 namespace vemo::dump {
 
 /// A rule that tells GNU make, ninja and CMake that `target` depends on `files`, and a rule without
-/// prerequisites for each file, so that make does not stop when one is removed. A reader that
-/// cannot read a name, as ninja cannot read one with a quote, makes the target in every build.
+/// prerequisites for each file, so that make does not stop when one is removed. A build tool that
+/// cannot read a name (ninja: quotes) makes the target in every build.
 ///
 /// Throws std::runtime_error for a name with a newline or a semicolon: make could take what follows
 /// for a command.

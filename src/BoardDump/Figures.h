@@ -8,7 +8,7 @@
 
 namespace vemo::dump {
 
-// What both the picture and the page say in the same words.
+// Texts that the picture and the page share.
 
 /// A count with commas between groups of three digits.
 std::string count_text(std::uint64_t count);

@@ -99,8 +99,8 @@ struct Table {
     std::vector<Row> rows;
 };
 
-/// The class of a column, so that neither a long text makes a table wide, nor a narrow window
-/// breaks a short one.
+/// The class of a column: long texts wrap, so that they do not widen the table; short ones do not,
+/// so that a narrow window does not break them.
 const char* column_style(const Table& table, std::size_t column) {
     constexpr std::size_t MAX_SHORT = 24;  // bytes
     if (table.alignment[column] == 'r') {
@@ -112,7 +112,7 @@ const char* column_style(const Table& table, std::size_t column) {
     return is_short ? "short" : "long";
 }
 
-/// What a value of the models looks like in a cell; empty when there is none.
+/// A value of the models as the text of a cell; empty if there is none.
 std::string value_text(const char* value) { return value; }
 std::string value_text(const std::string& value) { return value; }
 std::string value_text(std::string_view value) { return std::string(value); }
@@ -330,7 +330,7 @@ std::string ports_text(const Interface& intf) {
     return text;
 }
 
-/// The value of an attribute for people; empty when it says nothing.
+/// The value of an attribute for people; empty for 0 and false.
 std::string attribute_text(const InterfaceAttribute& attribute, const Interface& intf) {
     const std::string_view name = attribute.name;
     if (name == "address") {
@@ -351,7 +351,7 @@ void Page::write_interfaces(const char* id, const char* caption, const Entries& 
     }
     Table table = {id, caption, "", {}, {}};
     table.rows.resize(list.size(), {{}, ""});
-    // A column in which nothing would stand is left out.
+    // Columns whose cells are all empty are left out.
     const auto add_column = [&table, &list](const char* name, char alignment, auto text_of) {
         std::vector<std::string> texts;
         bool is_blank = true;
@@ -453,7 +453,7 @@ void Page::write_device() {
     write_table(table);
     open_facts("Clock frequencies");
     fact("Expected fmax (MHz)", dm.get_expected_fmax());
-    fact("Least fmax (MHz)", dm.get_min_fmax());
+    fact("Minimum fmax (MHz)", dm.get_min_fmax());
     fact("High fmax (MHz)", dm.get_high_fmax());
     close_facts();
     m_out.close();
@@ -502,9 +502,9 @@ void Page::write_target() {
         const tmodel::GlobalInterconnectModel& interconnect = tm.get_global_interconnect_model();
         open_facts("Global interconnect");
         fact("Data pipeline spacing", interconnect.get_arb2_data_pipe_spacing());
-        fact("Data pipeline least depth", interconnect.get_arb2_data_pipe_min_depth());
+        fact("Data pipeline minimum depth", interconnect.get_arb2_data_pipe_min_depth());
         fact("Stall pipeline spacing", interconnect.get_arb2_stall_pipe_spacing());
-        fact("Stall pipeline least depth", interconnect.get_arb2_stall_pipe_min_depth());
+        fact("Stall pipeline minimum depth", interconnect.get_arb2_stall_pipe_min_depth());
         fact("Pipeline stage at the output", interconnect.get_arb2_pipe_at_output());
         fact("Latency to add for tests", interconnect.get_arb2_test_add_latency());
         close_facts();

@@ -6,8 +6,8 @@
 
 namespace vemo::dump {
 
-/// Every answer and the three models as one JSON object, UTF-8 whatever the files contain: bytes
-/// that are none become U+FFFD. Its members:
+/// Every answer and the three models as one JSON object. It is valid UTF-8: invalid bytes in the
+/// files become U+FFFD. Members:
 ///   "format_version"
 ///                   1; another number when a member is removed or its meaning changes
 ///   "tool_version"  that of the program
@@ -18,8 +18,8 @@ namespace vemo::dump {
 ///   "board", "device_model", "target_model"
 ///                   the models, built and named as the files are: a member for each element and
 ///                   attribute; an array, in file order, where an element may occur several times
-/// In the models a number is a JSON number and a flag a boolean; null stands for a figure or a part
-/// that is not given, and for a figure that is not finite.
+/// In the models, numbers are JSON numbers and flags are booleans; null is a value or part that is
+/// not given, or a number that is not finite.
 std::string json_dump(const AnswerSources& sources);
 
 }  // namespace vemo::dump

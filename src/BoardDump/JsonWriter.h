@@ -8,8 +8,8 @@
 
 namespace vemo::dump {
 
-/// Writes a JSON text part by part, two spaces deeper at each level. A caller gives a name to what
-/// it puts into an object, and none to what it puts into an array or to the whole.
+/// Writes a JSON text piece by piece, indented by two spaces per level. Values in an object need a
+/// name; values in an array, and the outermost value, have none.
 class JsonWriter {
 public:
     using Member = std::pair<const char*, AttributeValue>;
@@ -17,7 +17,7 @@ public:
     void begin_object(const char* name = nullptr) { begin(name, '{', '}'); }
     void begin_array(const char* name = nullptr) { begin(name, '[', ']'); }
 
-    /// Ends the object or array that was begun last.
+    /// Ends the innermost open object or array.
     void end();
 
     /// Nothing, or a number that is not finite, is null.

@@ -7,7 +7,7 @@
 namespace vemo::dump {
 namespace {
 
-/// What stands for a character of markup; null for any other.
+/// The escape for a character of markup; null for other characters.
 const char* entity_of(char c) {
     switch (c) {
         case '&':

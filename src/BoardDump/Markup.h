@@ -8,10 +8,10 @@
 
 namespace vemo::dump {
 
-/// A document, or a part of one, that is XML and HTML at the same time: one element a line. Every
-/// name must be a literal of this program. Values and texts may be anything: they come out as
-/// vemo::printable() makes them, with the characters of markup escaped, and so never become markup.
-/// Attributes without a value are left out.
+/// A document, or a part of one, that is both XML and HTML, with one element per line. Names must
+/// be literals of this program. Values and texts can be anything: they are written as
+/// vemo::printable() returns them, with the characters of markup escaped. Attributes with an empty
+/// value are omitted.
 class Markup {
 public:
     struct Attribute {
@@ -29,16 +29,16 @@ public:
     /// Closes the innermost open element.
     void close();
 
-    /// An element with nothing but a text in it.
+    /// An element that contains only text.
     void element(const char* name, Attributes attributes, std::string_view text);
 
-    /// An element that is always empty in HTML, or any in SVG.
+    /// An element without content: in HTML one that is always empty, in SVG any.
     void empty(const char* name, Attributes attributes = {});
 
-    /// Markup of this program itself, which is kept as it is.
+    /// Markup that is part of this program, written as it is.
     void constant(const char* markup) { m_text += markup; }
 
-    /// Another part, whose elements are closed.
+    /// Another part, whose elements must be closed.
     void append(const Markup& part) { m_text += part.m_text; }
 
     const std::string& text() const { return m_text; }
@@ -51,8 +51,8 @@ private:
     std::vector<const char*> m_open;
 };
 
-/// The beginning of `text` that fits into so many columns, with an ellipsis where it is cut.
-/// Characters that take no column count as one, so that the result is never long.
+/// The beginning of `text` that fits into `columns` columns, with an ellipsis if it is cut.
+/// Characters that take no column count as one, which limits the size of the result.
 std::string fitted(std::string_view text, std::size_t columns);
 
 }  // namespace vemo::dump

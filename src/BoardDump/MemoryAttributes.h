@@ -12,7 +12,7 @@ struct MemoryAttribute {
     AttributeValue (*value)(const board::GlobalMemConfig& memory);
 };
 
-/// What formats show about a global memory besides its interfaces, in their order.
+/// The attributes of a global memory that formats show besides its interfaces, in their order.
 extern const ArrayView<MemoryAttribute> MEMORY_ATTRIBUTES;
 
 }  // namespace vemo::dump

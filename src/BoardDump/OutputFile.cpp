@@ -49,7 +49,7 @@ bool is_standard_output(const struct stat& status) {
            && output.st_ino == status.st_ino;
 }
 
-/// `fd` is closed. -1 stands for one that was not opened, with errno set.
+/// Closes `fd`, which is -1, with errno set, if the file could not be opened.
 void write_and_close(int fd, const std::string& path, const std::string& text) {
     if (fd == -1 || !write_all(fd, text)) {
         const std::system_error error = error_about(path);

@@ -4,12 +4,13 @@
 
 namespace vemo::dump {
 
-/// Makes the file `path` hold exactly `text`. A file that does already is left alone, its time of
-/// modification included. Otherwise a new file takes its place at once, under the same name and
-/// with the same permissions: nobody sees half of it, and a failure leaves the old file as it was.
-/// Of a symbolic link, the file that it leads to is meant.
+/// Makes the file `path` contain exactly `text`. A file that already does is not touched and keeps
+/// its modification time. Otherwise a new file with the same permissions replaces it atomically:
+/// nobody sees a partial file, and after a failure the old file is as it was. Symbolic links are
+/// followed.
 ///
-/// What is not a regular file is written to, and so is the file that standard output goes to.
+/// Anything other than a regular file is written to directly, and so is the file that standard
+/// output goes to.
 ///
 /// Throws std::system_error.
 void write_file(const std::string& path, const std::string& text);

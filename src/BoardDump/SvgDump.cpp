@@ -21,8 +21,8 @@ using board::GlobalMemConfig;
 using board::Interface;
 using board::Port;
 
-// Fonts of equal widths for all that files contain, so that lengths can be told without fonts.
-// (No variables and no nested rules, which not every program that draws SVG knows.)
+// Monospaced fonts, so that the width of a text is known without the font. No variables and no
+// nested rules, which not every SVG renderer supports.
 constexpr const char* STYLE = R"(<style>
 svg{max-width:100%;height:auto}
 .p-ground{fill:#ffffff;stroke:#d0d7de}
@@ -92,7 +92,7 @@ constexpr int TEXTS_LEFT = SCALE_LEFT + SCALE_WIDTH + 18;
 constexpr int SIZES_RIGHT = WIDTH - MARGIN - 164;
 constexpr int LINE = 19;
 
-// What is drawn of things of which there may be thousands.
+// Limits for things of which there may be thousands.
 constexpr std::size_t MAX_STREAMS = 32;
 constexpr std::size_t MAX_MEMORIES = 48;
 constexpr std::size_t MAX_PORTS = 96;  // of all memories, each of which has the same share
@@ -104,7 +104,7 @@ constexpr std::size_t NUM_TINTS = 6;
 enum class Anchor { Start, Middle, End };
 enum class Arrow { ToLeft, ToRight, Both };
 
-/// The style that a memory has in the list and on the map.
+/// The style of a memory in the list and on the map.
 std::string tint_of(std::size_t num_memory) {
     return num_memory == NO_MEMORY ? "p-box" : "p-m" + std::to_string(num_memory % NUM_TINTS);
 }
@@ -209,7 +209,7 @@ void Picture::arrow(int left, int right, int y, Arrow heads, std::string_view la
 }
 
 std::string Picture::description() const {
-    constexpr std::size_t MAX_TOLD = 8;
+    constexpr std::size_t MAX_DESCRIBED = 8;
     const board::DeviceConfig& device = m_spec.get_device_config();
     std::string text = "FPGA " + shortened(device_name(device.device_model)) + " of the family "
                        + m_sources.tm->get_family_str() + ". " + board_summary(m_spec)
@@ -221,7 +221,7 @@ std::string Picture::description() const {
         separator = ", ";
     }
     text += ".";
-    for (std::size_t i = 0; i < std::min(m_memories.size(), MAX_TOLD); ++i) {
+    for (std::size_t i = 0; i < std::min(m_memories.size(), MAX_DESCRIBED); ++i) {
         text += " Global memory " + memory_name_text(*m_memories[i]) + ": "
                 + bandwidth_text(*m_memories[i]) + ", "
                 + plural_text(m_memories[i]->get_num_intfs(), "interface", "interfaces") + ".";
@@ -245,8 +245,8 @@ int Picture::draw_host(int top) {
     return top + height + SPACE;
 }
 
-/// Which way it goes, with the kernel to the right: from master to slave, along a stream, and from
-/// the kernel that interrupts.
+/// The direction of an interface, with the kernel on the right: from master to slave, along a
+/// stream, and from the kernel that interrupts.
 Arrow arrow_of(Interface::Type type) {
     return type == Interface::Master || type == Interface::StreamSource ? Arrow::ToRight
                                                                         : Arrow::ToLeft;

@@ -47,7 +47,7 @@ std::string TextTable::text(std::string_view indent) const {
     }
     std::string out;
     for (const auto& row : m_rows) {
-        std::string blanks(indent);  // before the next cell; none end a line
+        std::string spaces(indent);  // before the next cell, so that none end a line
         for (std::size_t column = 0; column < row.size(); ++column) {
             if (!m_is_used[column]) {
                 continue;
@@ -57,14 +57,14 @@ std::string TextTable::text(std::string_view indent) const {
                 widths[column] - std::min(widths[column], display_width(cell)), ' ');
             const bool is_right_aligned = m_alignment[column] == 'r';
             if (is_right_aligned) {
-                blanks += padding;
+                spaces += padding;
             }
             if (!cell.empty()) {
-                out += blanks + cell;
-                blanks.clear();
+                out += spaces + cell;
+                spaces.clear();
             }
-            blanks += is_right_aligned ? "" : padding;
-            blanks += "  ";
+            spaces += is_right_aligned ? "" : padding;
+            spaces += "  ";
         }
         out += '\n';
     }

@@ -7,11 +7,11 @@
 
 namespace vemo::dump {
 
-/// `text`, or its beginning and "..." when it is longer than any sensible name. For what a table
-/// has in several rows, or in a column: a long name must not take its length times the rows.
+/// `text`, or its first 64 bytes and "..." if it is longer. For names that a table has in several
+/// rows: a long name must not multiply the size of the output.
 std::string shortened(const std::string& text);
 
-/// `name`, or what stands for an empty one.
+/// `name`, or "(unnamed)" if it is empty.
 std::string name_text(const std::string& name);
 
 /// A table whose columns are as wide as their widest cell, two spaces apart. Columns whose
@@ -27,7 +27,7 @@ public:
     /// them.
     void add_row(std::initializer_list<std::string> cells);
 
-    /// The rows, each with `indent` before and a newline behind it.
+    /// The rows, each with `indent` before and a newline after it.
     std::string text(std::string_view indent) const;
 
 private:

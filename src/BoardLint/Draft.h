@@ -12,8 +12,8 @@
 
 namespace vemo::lint {
 
-/// A document that is repaired in memory. It knows which of its parts are the author's, and takes
-/// edits back.
+/// A document that is repaired in memory. Edits can be undone, and the draft knows which parts of
+/// the document are the author's.
 class Draft {
 public:
     using XMLElement = tinyxml2::XMLElement;
@@ -45,19 +45,19 @@ public:
     XMLElement* invent(XMLElement* parent, const XMLElement& model);
     XMLElement* invent(XMLElement* parent, const std::string& name);
 
-    // Taking back.
+    // Undoing.
 
     /// The number of edits made.
     std::size_t size() const { return m_undo.size(); }
 
-    /// Takes back all edits but the first `size`.
+    /// Undoes all edits except the first `size`.
     void roll_back(std::size_t size);
 
-    /// Makes all edits so far final.
+    /// Makes all edits so far permanent.
     void keep_edits() { m_undo.clear(); }
 
-    // Readings of a large document take less time without elements that have been found good.
-    // Neither of the two can be taken back, and all edits before become final.
+    // Large documents are read faster without elements that have been found good. Neither of the
+    // two operations can be undone, and both make all earlier edits permanent.
 
     /// Takes out elements before `elem`: of several with a name in one parent, all but the first.
     void park_before(const XMLElement& elem);
@@ -72,7 +72,7 @@ public:
 
     // What is the author's.
 
-    /// Whether the element, or one that it stands in, was invented.
+    /// Whether the element or one around it was invented.
     bool is_invented(const XMLElement& elem) const;
 
     /// Whether the value of an attribute was written by `write`, or its element was invented.
@@ -81,7 +81,7 @@ public:
     /// The name of an attribute before it was renamed.
     std::string original_name(const XMLElement& elem, const std::string& name) const;
 
-    /// An element set aside, and the element in which it stood.
+    /// An element that was set aside, and its former parent.
     struct Aside {
         XMLElement* elem;
         XMLElement* parent;
@@ -95,7 +95,7 @@ private:
 
     void set_attribute(XMLElement* elem, const std::string& name, const std::string& value);
 
-    /// Moves an element into `parent`, behind `previous`, or to the front if that is null.
+    /// Moves an element into `parent`: after `previous`, or to the front if that is null.
     static void place(XMLElement* elem, tinyxml2::XMLNode* parent, tinyxml2::XMLNode* previous);
 
     /// Sets a note about an attribute, and remembers what it was.
@@ -110,7 +110,7 @@ private:
     std::map<Key, std::string> m_original_names;
     std::vector<std::function<void()>> m_undo;
 
-    /// An element that is parked, and where it stood.
+    /// An element that is parked, and its former place.
     struct Parked {
         XMLElement* elem;
         tinyxml2::XMLNode* parent;

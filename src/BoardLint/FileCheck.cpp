@@ -12,11 +12,12 @@ namespace {
 using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
 
-// What a check may cost: elements read, a reading counting as some of them. It takes seconds.
+// Limit for the cost of a check, which takes some seconds: the elements read, plus a constant for
+// each reading.
 constexpr std::size_t MAX_WORK = 20'000'000;
 constexpr std::size_t WORK_OF_READING = 1000;
 
-// A reading that takes more elements is made to take less.
+// Readings that take more elements are shortened.
 constexpr std::size_t MAX_ENTERED = 1000;
 
 std::string in_one_line(std::string text) {
@@ -39,7 +40,7 @@ void FileCheck::run(std::size_t max_findings) {
     }
     m_text->attach(*m_doc);
     while (m_findings.size() < m_max_findings && m_work < MAX_WORK) {
-        // Rules on several elements need all of them.
+        // Rules on several elements need all elements.
         if (m_draft.has_parked()
             && (m_outcome.loads
                 || (m_outcome.mistakes.front().is_on_leaving

@@ -25,7 +25,7 @@ struct Reference {
 };
 
 /// Finds every mistake in one document. It asks the reader for the first, repairs it in memory and
-/// asks again, until the document loads. What a reader says about the repairs is not reported.
+/// asks again, until the document loads. Reports about the repairs are dropped.
 class FileCheck {
 public:
     /// `doc` has been parsed from `text`, and will be changed unless it loads. Both must outlive
@@ -40,10 +40,10 @@ public:
 
     const std::vector<Finding>& findings() const { return m_findings; }
 
-    /// Whether `run` got to the end of the document.
+    /// Whether `run` has reached the end of the document.
     bool is_complete() const { return m_is_complete; }
 
-    /// What the document was read into, if it loads.
+    /// The model that was read, if the document loads.
     const Models& models() const { return m_outcome.models; }
 
     /// The name of the model that a board or a device model refers to.
@@ -65,8 +65,8 @@ private:
 
     void read();
 
-    /// Makes an edit and reads the document again. If that leads to a mistake behind `start` that
-    /// is another one than the current, and passes the test, the edit stays. Else it is taken back.
+    /// Makes an edit and reads the document again. The edit is kept if the next mistake comes after
+    /// `start`, differs from the current one, and passes the test. Otherwise it is undone.
     bool attempt(const Moment& start, const Edit& edit, const Test& is_good = is_any);
 
     /// The same with `start` right before the element of the current mistake.

@@ -6,8 +6,8 @@
 
 namespace vemo::lint {
 
-/// A place in a file. Lines and columns count from 1; columns count characters (code points of
-/// UTF-8, a byte that is none counts as one), a tab as one.
+/// A place in a file. Lines and columns count from 1. Columns count characters (code points of
+/// UTF-8); a tab and an invalid byte count as one each.
 struct Location {
     std::string file;     ///< As named on the command line, or the path at which it was found.
     unsigned line = 0;    ///< 0 for the file as a whole.
@@ -15,7 +15,7 @@ struct Location {
     unsigned length = 0;  ///< Characters concerned, from `column` on, within the line.
 };
 
-/// Something that helps to understand a finding, perhaps at another place.
+/// Additional information about a finding, possibly about another place.
 struct Note {
     Location location;  ///< Line 0 when the note belongs to no place.
     std::string text;
@@ -23,8 +23,8 @@ struct Note {
 
 enum class Severity { Error, Warning };
 
-/// One thing that is wrong with a file. Texts hold names and values as the file has them: whoever
-/// shows them makes control characters harmless.
+/// One mistake in a file. Texts contain names and values as they are in the file: outputs must
+/// escape control characters.
 struct Finding {
     Severity severity = Severity::Error;
     std::string id;  ///< Stable, in words: "unknown-attribute".

@@ -20,7 +20,7 @@ std::size_t count_slips(std::string_view a, std::string_view b) {
     std::vector<std::size_t> slips((a.size() + 1) * width);  // between beginnings of a and b
     std::array<std::size_t, 256> last_row = {};              // of each letter in a
     for (std::size_t i = 0; i <= a.size(); ++i) {
-        std::size_t last_column = 0;  // in which the letter of the row stands
+        std::size_t last_column = 0;  // with the letter of the row
         for (std::size_t j = 0; j <= b.size(); ++j) {
             std::size_t& count = slips[i * width + j];
             if (i == 0 || j == 0) {

@@ -54,7 +54,7 @@ bool read_text(int fd, std::string* text) {
     }
 }
 
-/// Parses a file as the tool does. `*text` is what it holds, if that can be told.
+/// Parses a file as the tool does. `*text` receives its contents, if they can be read.
 std::unique_ptr<XMLDocument> parse(const std::string& path, int fd, std::string* text) {
     auto doc = std::make_unique<XMLDocument>();
     if (read_text(fd, text)) {
@@ -101,7 +101,7 @@ std::string lone_model(const ModelKind& kind, const std::string& referrer) {
     return found;
 }
 
-/// What the tool says about a document that was not parsed, in one line.
+/// The message of the tool about a document that was not parsed, in one line.
 std::string parse_error(XMLDocument* doc) {
     vemo::xml::BaseXmlLoader loader;
     loader.set_last_error(doc);

@@ -26,7 +26,7 @@ public:
     /// Stops when there are `max_findings`.
     explicit PackageCheck(std::size_t max_findings) : m_max_findings(max_findings) {}
 
-    /// Checks the file `path`. Its root element says what it is; a file that is called
+    /// Checks the file `path`. Its root element determines what it is; a file that is called
     /// board_spec.xml, or has another root, is a board. Returns false, with errno set, if the file
     /// cannot be opened.
     bool check(const std::string& path);
@@ -34,8 +34,8 @@ public:
     /// In the order of the files: a board, its device model, its target model.
     const std::vector<Finding>& findings() const { return m_findings; }
 
-    /// What was not checked, or instead of what: texts for a person, without a full stop. If there
-    /// are any, there are findings too.
+    /// What was not checked, or was checked instead: messages for people, without a full stop. If
+    /// there are any, there are findings too.
     const std::vector<std::string>& remarks() const { return m_remarks; }
 
     /// The texts of the files.
@@ -51,7 +51,7 @@ public:
         File* model = nullptr;  ///< The model that it leads to, if that could be parsed.
     };
 
-    /// All that were.
+    /// All files that were checked.
     const std::deque<File>& files() const { return m_files; }
 
 private:

@@ -14,15 +14,15 @@ namespace {
 using tinyxml2::XMLDocument;
 using tinyxml2::XMLElement;
 
-// An element with more unknown attributes loses them unlooked at.
+// If an element has more unknown attributes, they are removed without a closer look.
 constexpr std::size_t MAX_RENAMED_ATTRIBUTES = 16;
 
 std::string trimmed(const std::string& text) {
-    constexpr const char* BLANKS = " \t\r\n\v\f";
-    const std::size_t begin = text.find_first_not_of(BLANKS);
+    constexpr const char* WHITESPACE = " \t\r\n\v\f";
+    const std::size_t begin = text.find_first_not_of(WHITESPACE);
     return begin == std::string::npos
                ? ""
-               : text.substr(begin, text.find_last_not_of(BLANKS) - begin + 1);
+               : text.substr(begin, text.find_last_not_of(WHITESPACE) - begin + 1);
 }
 
 bool is_in_same_place(const XMLElement& a, const XMLElement& b) {
@@ -49,7 +49,7 @@ bool FileCheck::repair_unknown_attribute() {
     const std::string attribute = m_mistake.attribute;
     const std::vector<std::string> near = near_names(attribute, m_mistake.accepted);
     for (const std::string& name : near) {
-        // Its absence may have been noticed before it was.
+        // Its absence may have been reported first.
         const auto added = m_added.find({elem, name});
         if (added != m_added.end() && attempt([&] {
                 m_draft.remove_attribute(elem, name);
@@ -62,7 +62,7 @@ bool FileCheck::repair_unknown_attribute() {
                 if (place.line == finding.location.line) {
                     finding.location = place;
                 } else {
-                    finding.notes.push_back({place, "'" + attribute + "' stands here"});
+                    finding.notes.push_back({place, "'" + attribute + "' is here"});
                 }
             }
             return true;
@@ -108,7 +108,7 @@ std::vector<std::string> FileCheck::values_for(const XMLElement& elem,
                                                const std::string& attribute) const {
     std::vector<std::string> values = m_mistake.accepted;
     if (values.empty()) {
-        // What a neighbor has is of the right kind.
+        // The value of a neighbor is of the right kind.
         const auto take = [&](const XMLElement& other) {
             if (&other != &elem && is_in_same_place(other, elem)
                 && has_attribute(other, attribute)) {
@@ -170,7 +170,7 @@ bool FileCheck::repair_value() {
 }
 
 bool FileCheck::repair_board_version() {
-    // Every version has rules of its own. The one under which least is wrong is meant.
+    // Each version has rules of its own. The one with the fewest mistakes is meant.
     static constexpr const char* VERSIONS[] = {"17.0", "14.1", "0.9"};
     for (const char* version : VERSIONS) {
         auto new_doc = std::make_unique<XMLDocument>();

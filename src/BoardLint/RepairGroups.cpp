@@ -13,7 +13,7 @@ namespace {
 using tinyxml2::XMLElement;
 using vemo::xml::ElementPair;
 
-// Notes about the other elements of a rule on several.
+// Limit for the notes about the other elements of a rule.
 constexpr std::size_t MAX_NOTES = 8;
 
 constexpr const char* FRESH_NAME = "vemo-lint-";

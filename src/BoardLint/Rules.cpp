@@ -114,12 +114,12 @@ constexpr Rule RULES[] = {
      "All interfaces of one global memory must have the same maxburst. It is 1 where the "
      "attribute is missing.",
      R"(<global_mem name="DDR" max_bandwidth="34128">
-  <interface name="a" port="a" type="slave" width="512" maxburst="16" address="0x0" size="0x1000"/>
+  <interface name="a" port="a" type="slave" width="512" maxburst="8" address="0x0" size="0x1000"/>
   <interface name="b" port="b" type="slave" width="512" address="0x1000" size="0x1000"/>
 </global_mem>)",
      R"(<global_mem name="DDR" max_bandwidth="34128">
-  <interface name="a" port="a" type="slave" width="512" maxburst="16" address="0x0" size="0x1000"/>
-  <interface name="b" port="b" type="slave" width="512" maxburst="16" address="0x1000" size="0x1000"/>
+  <interface name="a" port="a" type="slave" width="512" maxburst="8" address="0x0" size="0x1000"/>
+  <interface name="b" port="b" type="slave" width="512" maxburst="8" address="0x1000" size="0x1000"/>
 </global_mem>)"},
     {"unnamed-memory", Severity::Error, "One of several global memories has no name",
      "A board with a single global memory need not name it. Of several, each needs a name that is "
@@ -261,7 +261,7 @@ constexpr Rule RULES[] = {
 <global_mem name="DDR2" max_bandwidth="34128">
   <interface name="b" port="b" type="slave" width="512" address="0x1000" size="0x1000"/>
 </global_mem>)"},
-    {"nested-memory", Severity::Warning, "A global memory stands inside another one",
+    {"nested-memory", Severity::Warning, "A global memory is inside another one",
      "It becomes a memory of its own, to which all interfaces that follow belong, also those of "
      "the outer one.",
      R"(<global_mem name="DDR" max_bandwidth="34128">
@@ -322,7 +322,7 @@ constexpr Rule RULES[] = {
 
     // Warnings about what is not used.
     {"ignored-name", Severity::Warning, "The name of a compile flow is ignored before format 17.0",
-     "Before format 17.0, every flow has the name default, whatever its attribute name says.",
+     "Before format 17.0, every flow has the name default, regardless of its attribute name.",
      R"(<board version="14.1" name="teasel">
   <compile name="full" project="p" revision="a" lomb_file="a.lomb" generic_kernel="0"/>
   ...
@@ -339,7 +339,7 @@ constexpr Rule RULES[] = {
      R"(<auto_migrate platform_type="auto">
   <include fixes="pin_swap clock"/>
 </auto_migrate>)"},
-    {"ignored-element", Severity::Warning, "An element has no effect where it stands",
+    {"ignored-element", Severity::Warning, "An element has no effect in its position",
      "A port outside an interface, the attribute elements of a port without attribute_width, and "
      "interfaces in a port are passed over.",
      R"(<global_mem max_bandwidth="8532">

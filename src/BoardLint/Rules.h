@@ -8,15 +8,15 @@
 
 namespace vemo::lint {
 
-/// What there is to know about the findings of one id.
+/// The documentation of an id.
 struct Rule {
     const char* id;
     Severity severity;
     const char* summary;      ///< One sentence without a full stop.
     const char* explanation;  ///< Sentences: the rule, its reason, and what to do.
 
-    // Examples: an element of one of the three files, with all siblings of its name. "..." stands
-    // for content that does not matter.
+    // Examples: an element of one of the three files, with all siblings of its name. "..."
+    // replaces content that does not matter.
 
     const char* wrong;
     const char* right;
@@ -28,7 +28,7 @@ ArrayView<Rule> rules();
 /// The rule of that id, or null.
 const Rule* find_rule(std::string_view id);
 
-/// What `--explain` prints about a rule.
+/// The output of `--explain` for a rule.
 std::string explain(const Rule& rule);
 
 /// All ids, each in a line with severity and summary: tab-separated, for completions and scripts.

@@ -11,7 +11,7 @@ namespace {
 using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 
-constexpr std::string_view BLANKS = " \t\n\v\f\r";
+constexpr std::string_view WHITESPACE = " \t\n\v\f\r";
 constexpr std::string_view NAME_ENDS = " \t\n\v\f\r=/>";
 
 bool begins_with(std::string_view text, std::string_view prefix) {
@@ -25,7 +25,7 @@ std::size_t skip_past(std::string_view text, std::string_view end, std::size_t o
 }
 
 std::size_t skip_blanks(std::string_view text, std::size_t offset) {
-    return std::min(text.find_first_not_of(BLANKS, offset), text.size());
+    return std::min(text.find_first_not_of(WHITESPACE, offset), text.size());
 }
 
 std::size_t skip_name(std::string_view text, std::size_t offset) {
@@ -145,7 +145,7 @@ void SourceText::attach(const tinyxml2::XMLDocument& doc) const {
             || m_bytes.compare(name, skip_name(m_bytes, name) - name, elem->Name()) != 0) {
             return;  // from here on, lines must do
         }
-        // The user data is the caller's to use, and no part of what the document says.
+        // The user data belongs to the caller and is not part of the document.
         const_cast<XMLElement*>(elem)->SetUserData(&*tag);
     }
 }

@@ -12,11 +12,11 @@
 
 namespace vemo::lint {
 
-/// The text of a file and the places of its elements and attributes, which the XML library knows
-/// by line only.
+/// The text of a file and the places of its elements and attributes, of which the XML library knows
+/// only the line.
 class SourceText {
 public:
-    /// `file` is the name that locations carry.
+    /// `file` is the file name in locations.
     SourceText(std::string file, std::string bytes);
 
     const std::string& file() const { return m_file; }
@@ -30,8 +30,8 @@ public:
     /// that, too, unless it has been done: needed only for a document that is to be changed.
     void attach(const tinyxml2::XMLDocument& doc) const;
 
-    // Places. The element may belong to the document attached or not: then, and where the text
-    // is not as expected, the location has the line alone, as far as the XML library knows it.
+    // Places. If the element does not belong to the attached document, or if the text is not as
+    // expected, the location has only the line, as far as the XML library knows it.
 
     /// The file as a whole, or a line of it.
     Location whole(unsigned line = 0) const { return {m_file, line, 0, 0}; }
@@ -58,8 +58,8 @@ private:
     /// The tag of an element; null if it is not known.
     const Tag* tag_of(const tinyxml2::XMLElement& elem) const;
 
-    /// The characters from `begin` up to `end`, as far as they stand in the line `line`, in which
-    /// `begin` stands.
+    /// The characters from `begin` to `end`, or to the end of the line `line`, which contains
+    /// `begin`.
     Location location(unsigned line, std::size_t begin, std::size_t end) const;
 
     std::string m_file;

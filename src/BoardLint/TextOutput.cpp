@@ -10,7 +10,8 @@
 namespace vemo::lint {
 namespace {
 
-// A longer source line is cut: to this many columns, of which so many characters before the place.
+// A longer source line is cut to this many columns; at most MARGIN characters of them precede the
+// place.
 constexpr std::size_t MAX_WIDTH = 100;
 constexpr std::size_t MARGIN = 40;
 constexpr std::size_t TAB_WIDTH = 8;
@@ -43,14 +44,14 @@ std::string styled(const Style& style, const std::string& text) {
     return style.begin + text + style.end;
 }
 
-/// What a terminal shows of a source line.
+/// A source line as a terminal shows it.
 struct Excerpt {
     std::string text;
     std::size_t mark_begin = 0;  // columns of the terminal before the place
     std::size_t mark_width = 0;  // 0 when there is no place within the line
 };
 
-/// What a terminal shows of one character, which begins in its column `column`.
+/// A character as a terminal shows it in column `column`.
 std::string cell(const Character& character, std::size_t column) {
     return character.bytes == "\t" ? std::string(TAB_WIDTH - column % TAB_WIDTH, ' ')
                                    : printable(character);
@@ -146,7 +147,7 @@ private:
         }
     }
 
-    /// What stands before the bar of a source line.
+    /// The part of a line before its bar.
     void write_margin(const std::string& number) {
         m_out +=
             std::string(NUMBER_WIDTH - std::min(NUMBER_WIDTH, number.size()), ' ') + number + " ";

@@ -24,7 +24,7 @@ struct Invariant {
     const char* rule;
     const char* attribute;  // null for a mistake in the element
     const char* message;
-    const char* accepted;  // null if nothing can stand in its place
+    const char* accepted;  // null if there is no alternative
 };
 
 constexpr const char* NOT_A_NUMBER = "The value must be a number.";

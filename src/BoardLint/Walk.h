@@ -28,7 +28,7 @@ struct Models {
     std::unique_ptr<tmodel::TargetModel> tm;
 };
 
-/// Something that keeps a document from being loaded, as its reader sees it.
+/// A mistake that prevents a document from loading, as its reader reports it.
 struct Mistake {
     std::string rule;
     std::string message;                         ///< The reader's text.
@@ -48,7 +48,7 @@ struct Mistake {
     }
 };
 
-/// What came of reading a document.
+/// The outcome of reading a document.
 struct Outcome {
     bool loads = false;
     Models models;                  ///< If it loads.

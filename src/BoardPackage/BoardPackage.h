@@ -29,12 +29,11 @@ private:
 /// A board and the device and target models that its file leads to, loaded. Owns the models, and
 /// the ports of the board's interfaces. May be moved, but not copied.
 ///
-/// What a program that uses it may rely on:
+/// Guarantees:
 /// - A package is loaded or the constructor throws, and then nothing is left behind: no memory and
 ///   no open file.
-/// - No file aborts the program while it is loaded or answers are computed: an invariant that a
-/// file
-///   breaks is a LoadError. (Getters and dumps of the models still have requirements of their own.)
+/// - No file aborts the program while it is loaded or answers are computed: a broken invariant is a
+///   LoadError. (Getters and dumps of the models still have requirements of their own.)
 /// - Packages may be loaded on several threads at once. A loaded package may be read on several
 ///   threads at once.
 /// - The state of the process stays as it is. Nothing is written to standard output or standard

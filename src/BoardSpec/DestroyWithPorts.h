@@ -8,7 +8,7 @@ class BoardSpec;
 class Interface;
 
 /// Deleter for std::unique_ptr that destroys the ports as well, which an interface alone does not.
-/// Nobody may use one of the ports afterwards.
+/// The ports must not be used afterwards.
 struct DestroyWithPorts {
     /// Destroys `intf`, which must not be null, and its ports.
     void operator()(const Interface* intf) const;

@@ -90,7 +90,7 @@ std::ostream& operator<<(std::ostream& os, const HostConfig& host_config) {
     os << "Host configuration:\n";
     os << "  Kernel configuration start: ";
     write_hex(os, host_config.kernel_config_start, HOST_ADDRESS_DIGITS);
-    os << "\n  Kernel configuration size:  ";  // two blanks align the values
+    os << "\n  Kernel configuration size:  ";  // two spaces align the values
     write_hex(os, host_config.get_kernel_config_size(), HOST_ADDRESS_DIGITS);
     return os;
 }

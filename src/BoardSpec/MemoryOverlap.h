@@ -14,7 +14,7 @@ namespace vemo::board {
 bool has_overlapping_memories(const std::vector<GlobalMemConfig*>& memories);
 
 /// The indices of memories that overlap, the lesser one first, in ascending order. At most
-/// `max_pairs` pairs: where there are more, nobody knows which ones.
+/// `max_pairs` pairs: if there are more, it is unspecified which.
 std::vector<std::pair<std::size_t, std::size_t>> overlapping_memories(
     const std::vector<GlobalMemConfig*>& memories, std::size_t max_pairs);
 

@@ -19,7 +19,7 @@ public:
                                 vemo::xml::Debug debug = vemo::xml::Debug::Off)
         : BoardSpecXmlLoader(debug == vemo::xml::Debug::On, overlap == Overlap::Allow) {}
 
-    /// The same; `debug` stands for Debug::On, and `skip_overlap` for Overlap::Allow.
+    /// The same; `debug` means Debug::On, `skip_overlap` means Overlap::Allow.
     BoardSpecXmlLoader(bool debug, bool skip_overlap)
         : m_echo(echo_if(debug)), m_skip_overlap(skip_overlap) {}
 
@@ -32,8 +32,8 @@ public:
     /// The same for a NUL-terminated text, see parse_xml.
     BoardSpec* load_xml(const char* xml);
 
-    /// The same for a parsed document. Takes ownership of `doc`; null stands for a parse that
-    /// failed, and gives null.
+    /// The same for a parsed document. Takes ownership of `doc`. Returns null if `doc` is
+    /// null, as after a failed parse.
     BoardSpec* load_board_spec(tinyxml2::XMLDocument* doc);
 
 private:

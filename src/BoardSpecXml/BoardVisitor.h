@@ -30,7 +30,7 @@ private:
     bool visit_channels_elem(const XMLElement& elem);
     bool visit_interfaces_elem(const XMLElement& elem);
 
-    /// Whether the section stands directly under `board`; in the second form, for the first time.
+    /// Whether the section is a child of `board`; in the second form, the first of its name.
     bool check_section(const XMLElement& elem);
     bool check_single_section(const XMLElement& elem);
 

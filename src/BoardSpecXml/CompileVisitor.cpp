@@ -69,7 +69,7 @@ bool CompileVisitor::visit_compile_elem(const XMLElement& elem) {
     return !m_has_error;
 }
 
-// A second one of these in a flow of 17.0 or later is a broken invariant, wherever it stands: the
+// A second one of these in a flow of 17.0 or later is a broken invariant at any position: the
 // assertions come before the checks of position.
 
 bool CompileVisitor::visit_generate_elem(const XMLElement& elem) {

@@ -50,8 +50,8 @@ bool GlobalMemVisitor::VisitEnter(const XMLElement& elem, const XMLAttribute* fi
 }
 
 bool GlobalMemVisitor::visit_global_mem_elem(const XMLElement& elem) {
-    // Where it stands is not checked: one inside another becomes a memory of its own, and the
-    // interfaces that follow are its.
+    // Its position is not checked: inside another memory it becomes a memory of its own, and gets
+    // the interfaces that follow.
     const vemo::xml::FoundAttributes attributes(elem, ATTRIBUTES);
     if (!report_unexpected_attrs(elem, attributes)) {
         return !m_has_error;

@@ -7,7 +7,7 @@
 
 namespace vemo::board::xml {
 
-/// Reads one `interface` element, wherever it stands: its attributes, and its ports through a
+/// Reads one `interface` element at any position: its attributes, and its ports through a
 /// PortVisitor. The rules of the place are the caller's.
 class InterfaceVisitor : public vemo::xml::BaseVisitor {
 public:

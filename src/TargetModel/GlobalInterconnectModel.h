@@ -13,7 +13,7 @@ public:
     float get_arb2_data_pipe_spacing() const { return m_arb2_data_pipe_spacing; }
     void set_arb2_data_pipe_spacing(float a);  // at least 0
 
-    /// Least depth of the pipeline for data.
+    /// Minimum depth of the pipeline for data.
     float get_arb2_data_pipe_min_depth() const { return m_arb2_data_pipe_min_depth; }
     void set_arb2_data_pipe_min_depth(float a);  // at least 0
 
@@ -21,7 +21,7 @@ public:
     float get_arb2_stall_pipe_spacing() const { return m_arb2_stall_pipe_spacing; }
     void set_arb2_stall_pipe_spacing(float a);  // at least 0
 
-    /// Least depth of the pipeline for stall signals.
+    /// Minimum depth of the pipeline for stall signals.
     float get_arb2_stall_pipe_min_depth() const { return m_arb2_stall_pipe_min_depth; }
     void set_arb2_stall_pipe_min_depth(float a);  // at least 0
 

@@ -4,8 +4,8 @@ namespace vemo::tmodel {
 
 /// How the reachable clock frequency (fmax) degrades with the structure of local memories.
 ///
-/// Figures are kept as the file gives them. The file format states neither their unit nor the
-/// formula in which they stand; what is said of each here follows from its name.
+/// Figures are kept as the file gives them. The file format states neither their units nor the
+/// formula that uses them; the descriptions below follow from the names.
 ///
 /// Each is 0 in a new model. A setter aborts on a negative value and on NaN.
 class LocalMemFmaxDegradationModel {

@@ -97,11 +97,11 @@ protected:
         Read read;
     };
 
-    /// The constants stand in the order of the final check.
+    /// The constants are in the order of the final check.
     ConstantsVisitor(BaseVisitor* parent, std::string_view element, ArrayView<Constant> constants)
         : ConstantQueries(parent, element), m_constants(constants) {}
 
-    // What stands in the rows, one for each query. `Store` is a setter or a field of the Model.
+    // The readers in the rows, one for each query. `Store` is a setter or a field of the Model.
 
     template <auto Store>
     static constexpr Read positive = read<&Queries::query_positive_unsigned_constant, Store>;
@@ -115,7 +115,7 @@ protected:
     static constexpr Read text = read<&Queries::query_string_constant, Store>;
 
     /// Reads the constant that `elem` is into `model`; reports an element of any other name.
-    /// `sub_model` is the name of an element that may stand there as well.
+    /// `sub_model` is the name of an element that is allowed there as well.
     bool read_constant(const XMLElement& elem, Model* model, const char* sub_model = nullptr) {
         for (const Constant& constant : m_constants) {
             if (current_name() == constant.name) {
