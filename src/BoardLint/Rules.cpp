@@ -114,12 +114,12 @@ constexpr Rule RULES[] = {
      "All interfaces of one global memory must have the same maxburst. It is 1 where the "
      "attribute is missing.",
      R"(<global_mem name="DDR" max_bandwidth="34128">
-  <interface name="a" port="a" type="slave" width="512" maxburst="8" address="0x0" size="0x1000"/>
-  <interface name="b" port="b" type="slave" width="512" address="0x1000" size="0x1000"/>
+  <interface name="a" port="a" type="slave" width="64" maxburst="8" address="0x0" size="0x1000"/>
+  <interface name="b" port="b" type="slave" width="64" address="0x1000" size="0x1000"/>
 </global_mem>)",
      R"(<global_mem name="DDR" max_bandwidth="34128">
-  <interface name="a" port="a" type="slave" width="512" maxburst="8" address="0x0" size="0x1000"/>
-  <interface name="b" port="b" type="slave" width="512" maxburst="8" address="0x1000" size="0x1000"/>
+  <interface name="a" port="a" type="slave" width="64" maxburst="8" address="0x0" size="0x1000"/>
+  <interface name="b" port="b" type="slave" width="64" maxburst="8" address="0x1000" size="0x1000"/>
 </global_mem>)"},
     {"unnamed-memory", Severity::Error, "One of several global memories has no name",
      "A board with a single global memory need not name it. Of several, each needs a name that is "
@@ -209,9 +209,9 @@ constexpr Rule RULES[] = {
      R"(<kernel_config start="0x0" size=0x100000/>)",
      R"(<kernel_config start="0x0" size="0x100000"/>)"},
     {"model-not-found", Severity::Error, "A model file does not exist or cannot be read",
-     "A model whose name does not begin with a slash is searched in the working directory, beside "
-     "the file that names it, and in share/models/dm (device models) or share/models/tm (target "
-     "models) below the directory that VEMOSDKROOT names.",
+     "A model whose name does not begin with a slash is searched for in the working directory, "
+     "beside the file that names it, and in share/models/dm (device models) or share/models/tm "
+     "(target models) below the directory that VEMOSDKROOT names.",
      R"(<device device_model="nosuch.xml"> ... </device>)",
      R"(<device device_model="pb3180.xml"> ... </device>)"},
 
@@ -341,7 +341,7 @@ constexpr Rule RULES[] = {
 </auto_migrate>)"},
     {"ignored-element", Severity::Warning, "An element has no effect in its position",
      "A port outside an interface, the attribute elements of a port without attribute_width, and "
-     "interfaces in a port are passed over.",
+     "interfaces in a port are ignored.",
      R"(<global_mem max_bandwidth="8532">
   <interface name="a" type="slave" width="128" address="0x0" size="0x1000">
     <port name="p" direction="rw"> <attribute name="posted" encoding="1"/> </port>
@@ -355,7 +355,7 @@ constexpr Rule RULES[] = {
   </interface>
 </global_mem>)"},
     {"ignored-text", Severity::Warning, "Text between elements is ignored",
-     "All data is in attributes. Remarks belong into comments.",
+     "All data is in attributes. Put remarks into comments.",
      R"(<host>
   used by the driver
   <kernel_config start="0x0" size="0x100000"/>
@@ -366,8 +366,8 @@ constexpr Rule RULES[] = {
 </host>)"},
     {"shadowed-model", Severity::Warning,
      "A model in the working directory is used instead of the one beside the file",
-     "Models are searched in the working directory first, so the result depends on where a build "
-     "runs. Give the models of a package names that no other package uses.",
+     "Models are searched for in the working directory first, so the result depends on where a "
+     "build runs. Give the models of a package names that no other package uses.",
      R"(<device device_model="model.xml"> ... </device>)",
      R"(<device device_model="pb3180.xml"> ... </device>)"},
 };
