@@ -6,6 +6,7 @@
 
 #include "BaseVisitor/UnsignedNumber.h"
 #include "BoardLint/Elements.h"
+#include "BoardLint/FindingText.h"
 
 namespace vemo::lint {
 namespace {
@@ -18,12 +19,12 @@ constexpr std::size_t MAX_NOTES = 8;
 
 constexpr const char* FRESH_NAME = "vemo-lint-";
 
-/// The addresses of an interface: 32 bits count.
+/// The addresses of an interface, truncated to 32 bits.
 struct Range {
     explicit Range(const XMLElement& interface)
         : first(read(interface, "address")), last(first + read(interface, "size") - 1) {}
 
-    std::string text() const { return hex(first) + "-" + hex(last); }
+    std::string text() const { return hex_text(first) + "-" + hex_text(last); }
 
     unsigned first;
     unsigned last;
@@ -34,13 +35,6 @@ private:
         return xml::convert_word(text_of(interface, attribute).c_str(), &number)
                    ? static_cast<unsigned>(number.value)
                    : 0;
-    }
-    static std::string hex(unsigned number) {
-        std::string digits;
-        for (; number != 0 || digits.empty(); number /= 16) {
-            digits.insert(digits.begin(), "0123456789abcdef"[number % 16]);
-        }
-        return "0x" + digits;
     }
 };
 

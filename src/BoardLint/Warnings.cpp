@@ -1,9 +1,6 @@
 #include "BoardLint/Warnings.h"
 
-#include <cctype>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iterator>
@@ -16,6 +13,9 @@
 
 #include "Base/FilePath.h"
 #include "BaseVisitor/UnsignedNumber.h"
+#include "BoardLint/Elements.h"
+#include "BoardLint/FindingText.h"
+#include "BoardLint/NumberWarning.h"
 #include "BoardSpec/BoardSpec.h"
 #include "DeviceModel.h"
 
@@ -27,137 +27,6 @@ using tinyxml2::XMLElement;
 using tinyxml2::XMLNode;
 
 constexpr std::uint32_t GREATEST_32 = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint64_t GREATEST_64 = std::numeric_limits<std::uint64_t>::max();
-
-/// The document node counts as a parent without a name.
-bool is_in(const XMLNode& node, std::string_view parent_name) {
-    const XMLElement* parent = node.Parent() == nullptr ? nullptr : node.Parent()->ToElement();
-    return parent != nullptr && parent_name == parent->Name();
-}
-
-std::string quoted(const char* text) { return std::string("'") + text + "'"; }
-
-std::string hex(std::uint64_t number) {
-    char text[sizeof "0xffffffffffffffff"];
-    std::snprintf(text, sizeof text, "0x%llx", static_cast<unsigned long long>(number));
-    return text;
-}
-
-// ==== Numbers ====================================================================================
-
-/// How a reader understands the text of an attribute.
-enum class Number {
-    Count,    // decimal, 32 bits
-    Window,   // by prefix, 32 bits
-    Address,  // by prefix, 64 bits, of which the low 32 are kept
-    Float,
-    Version,  // the leading number
-    Boolean,  // an integer or a word
-};
-
-struct NumberAttribute {
-    const char* name = nullptr;
-    Number number = Number::Count;
-    const char* only_in = nullptr;  // the element or its parent, where others have that name, too
-};
-
-// The first row that fits counts. Attributes that are not here are texts and words.
-constexpr NumberAttribute NUMBERS[] = {
-    {"num", Number::Count},
-    {"size", Number::Window, "kernel_config"},
-    {"size", Number::Address},
-    {"address", Number::Address},
-    {"width", Number::Count},
-    {"maxburst", Number::Count},
-    {"latency", Number::Count},
-    {"waitrequest", Number::Count},
-    {"waitrequest_allowance", Number::Count},
-    {"bsp_vnmm_write_ack", Number::Count},
-    {"addpipe", Number::Count},
-    {"misc", Number::Count},
-    {"sampling_rate", Number::Float},
-    {"attribute_width", Number::Count},
-    {"encoding", Number::Count},
-    {"max_bandwidth", Number::Float},
-    {"interleaved_bytes", Number::Address},
-    {"config_addr", Number::Address},
-    {"start", Number::Window},
-    {"generic_kernel", Number::Boolean},
-    {"version", Number::Version, "board"},
-    {"expected", Number::Float},
-    {"min", Number::Float},
-    {"high", Number::Float},
-    {"value", Number::Float, "fmax_degradation"},
-    {"value", Number::Float, "global_interconnect"},
-    {"value", Number::Count, "local_mem"},
-    {"value", Number::Count, "delay_model"},
-    {"value", Number::Count, "family_info"},
-};
-
-const NumberAttribute* find_number(const XMLElement& elem, const char* name) {
-    for (const NumberAttribute& row : NUMBERS) {
-        if (std::strcmp(row.name, name) == 0
-            && (row.only_in == nullptr || row.only_in == std::string_view(elem.Name())
-                || is_in(elem, row.only_in))) {
-            return &row;
-        }
-    }
-    return nullptr;
-}
-
-bool is_digit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
-
-bool is_blank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
-
-/// Whether no warning about numbers is possible: most texts, and most numbers.
-bool is_harmless(const char* text) {
-    if (!is_digit(*text) && !is_blank(*text) && std::strchr("+-.", *text) == nullptr) {
-        return true;
-    }
-    constexpr std::size_t MAX_DIGITS = 9;
-    const bool is_hex = text[0] == '0' && text[1] == 'x';
-    const char* digits = is_hex ? text + 2 : text;
-    const std::size_t num_digits =
-        std::strspn(digits, is_hex ? "0123456789abcdefABCDEF" : "0123456789");
-    return digits[num_digits] == '\0' && num_digits + (is_hex ? 1 : 0) <= MAX_DIGITS;
-}
-
-/// A number that the XML library or the C library reads from the beginning of a text.
-struct Prefix {
-    std::string value;  // as it is understood
-    const char* rest;   // what is not read; null without a number
-};
-
-Prefix leading_float(const char* text) {
-    float value = 0.0f;
-    int length = 0;
-    // As the XML library does. NOLINTNEXTLINE(cert-err34-c)
-    if (std::sscanf(text, "%f%n", &value, &length) != 1) {
-        return {"", nullptr};
-    }
-    char number[32];
-    std::snprintf(number, sizeof number, "%g", static_cast<double>(value));
-    return {number, text + length};
-}
-
-Prefix leading_version(const char* text) {
-    char* rest = nullptr;
-    const auto value = static_cast<float>(std::strtod(text, &rest));
-    return {board::number_text(value), rest == text ? nullptr : rest};
-}
-
-Prefix leading_boolean(const char* text) {
-    const char* digits = text + std::strspn(text, " \t\n\v\f\r");
-    const bool is_hex = digits[0] == '0' && (digits[1] == 'x' || digits[1] == 'X');
-    unsigned value = 0;
-    int length = 0;
-    if (std::sscanf(text, is_hex ? "%x%n" : "%u%n", &value, &length) != 1) {
-        return {"", nullptr};
-    }
-    return {value == 0 ? "false" : "true", text + length};
-}
-
-// ==== Search =====================================================================================
 
 class Search {
 public:
@@ -230,11 +99,8 @@ private:
     void find_text(const XMLElement& elem) {
         for (const XMLNode* node = elem.FirstChild(); node != nullptr; node = node->NextSibling()) {
             if (node->ToText() != nullptr) {
-                const char* text = node->Value();
-                while (is_blank(*text)) {
-                    ++text;
-                }
-                if (*text != '\0') {
+                const std::string_view text = node->Value();
+                if (text.find_first_not_of(" \t\n\v\f\r") != std::string_view::npos) {
                     warn(elem,
                          std::string("Text in element ") + quoted(elem.Name()) + " is ignored.");
                     return;
@@ -246,68 +112,11 @@ private:
     void find_bad_numbers(const XMLElement& elem) {
         for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
              attribute = attribute->Next()) {
-            if (!is_harmless(attribute->Value())) {
-                if (const NumberAttribute* row = find_number(elem, attribute->Name())) {
-                    check_number(elem, attribute->Name(), attribute->Value(), row->number);
-                }
+            if (auto warning = find_number_warning(elem, *attribute)) {
+                m_id = warning->id;
+                warn(elem, attribute->Name(), std::move(warning->message));
             }
         }
-    }
-
-    void check_number(const XMLElement& elem, const char* name, const char* text, Number number) {
-        std::uint64_t count = 0;
-        xml::unsigned64_hex address;
-        switch (number) {
-            case Number::Count:
-                if (xml::convert_to_unsigned64(text, &count, 10) && count > GREATEST_32) {
-                    warn_too_large(elem, name, GREATEST_32);
-                }
-                break;
-            case Number::Window:
-                if (xml::convert_word(text, &address) && address.value > GREATEST_32) {
-                    warn_too_large(elem, name, GREATEST_32);
-                }
-                break;
-            case Number::Address:
-                if (!xml::convert_word(text, &address)) {
-                    break;
-                }
-                if (address.value == GREATEST_64) {
-                    warn_too_large(elem, name, GREATEST_64);
-                } else if (address.value > GREATEST_32) {
-                    m_id = "dropped-bits";
-                    warn(elem, name,
-                         "Attribute " + quoted(name) + " is more than 32 bits wide: "
-                             + hex(address.value & GREATEST_32) + " is used.");
-                }
-                break;
-            case Number::Float:
-                check_rest(elem, name, leading_float(text));
-                break;
-            case Number::Version:
-                check_rest(elem, name, leading_version(text));
-                break;
-            case Number::Boolean:
-                check_rest(elem, name, leading_boolean(text));
-                break;
-        }
-    }
-
-    void warn_too_large(const XMLElement& elem, const char* name, std::uint64_t value) {
-        m_id = "number-too-large";
-        warn(elem, name,
-             "Attribute " + quoted(name) + " is too large: " + std::to_string(value) + " is used.");
-    }
-
-    void check_rest(const XMLElement& elem, const char* name, const Prefix& prefix) {
-        if (prefix.rest == nullptr
-            || prefix.rest[std::strspn(prefix.rest, " \t\n\v\f\r")] == '\0') {
-            return;
-        }
-        m_id = "partly-read-number";
-        warn(elem, name,
-             "Attribute " + quoted(name) + " is read as " + prefix.value + ": "
-                 + quoted(prefix.rest) + " is ignored.");
     }
 
     // ---- Resources ------------------------------------------------------------------------------
@@ -391,7 +200,7 @@ private:
     }
 
     void find_nested_memory(const XMLElement& elem) {
-        if (is_in(elem, "global_mem")) {
+        if (parent_name(elem) == "global_mem") {
             warn(elem, "A global memory in another one takes over the interfaces that follow.");
         }
     }
@@ -412,7 +221,7 @@ private:
         const char* size_text = elem.Attribute("size");
         xml::unsigned64_hex address;
         xml::unsigned64_hex size;
-        if (!is_in(elem, "global_mem") || address_text == nullptr || size_text == nullptr
+        if (parent_name(elem) != "global_mem" || address_text == nullptr || size_text == nullptr
             || !xml::convert_word(address_text, &address) || !xml::convert_word(size_text, &size)) {
             return;
         }
@@ -421,8 +230,9 @@ private:
         const std::uint64_t last = begin + (size.value & GREATEST_32) - 1;
         if (last > GREATEST_32) {
             warn(elem, "size",
-                 "The address range wraps: it extends from " + hex(begin) + " to " + hex(last)
-                     + ", which is " + hex(last & GREATEST_32) + " in 32 bits.");
+                 "The address range wraps: it extends from " + hex_text(begin) + " to "
+                     + hex_text(last) + ", which is " + hex_text(last & GREATEST_32)
+                     + " in 32 bits.");
         }
     }
 
@@ -511,12 +321,12 @@ private:
     static bool is_ignored(const XMLElement& elem) {
         const std::string_view name = elem.Name();
         if (name == "port") {
-            return is_in(elem, "global_mem");
+            return parent_name(elem) == "global_mem";
         }
         if (name == "interface") {
-            return is_in(elem, "port");
+            return parent_name(elem) == "port";
         }
-        return name == "attribute" && is_in(elem, "port")
+        return name == "attribute" && parent_name(elem) == "port"
                && elem.Parent()->ToElement()->Attribute("attribute_width") == nullptr;
     }
 
