@@ -1,6 +1,5 @@
 #include "BoardDump/HtmlDump.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -11,8 +10,8 @@
 #include "BoardDump/AddressMap.h"
 #include "BoardDump/Figures.h"
 #include "BoardDump/FlowSources.h"
+#include "BoardDump/HtmlPage.h"
 #include "BoardDump/InterfaceAttributes.h"
-#include "BoardDump/Markup.h"
 #include "BoardDump/SvgDump.h"
 #include "BoardDump/TextLayout.h"
 #include "BoardSpec/MemoryOverlap.h"
@@ -23,94 +22,6 @@ namespace {
 
 using board::GlobalMemConfig;
 using board::Interface;
-
-constexpr const char* STYLE = R"(<style>
-:root{color-scheme:light dark;--ground:#ffffff;--text:#1f2328;--muted:#57606a;--line:#d0d7de;
---band:#f6f8fa;--link:#0757b5;--alarm:#b3141f}
-@media (prefers-color-scheme:dark){
-:root{--ground:#0d1117;--text:#e6edf3;--muted:#9da7b3;--line:#30363d;--band:#161b22;--link:#79b8ff;
---alarm:#ff8b82}
-}
-*{box-sizing:border-box}
-html{background:var(--ground);color:var(--text);font:1rem/1.5 system-ui,sans-serif;
--webkit-text-size-adjust:100%;text-size-adjust:100%}
-body{max-width:78rem;margin:0 auto;padding:1rem}
-h1,h2,h3,p,td,th,caption,li{overflow-wrap:anywhere}
-h1{font-size:1.75rem;margin:.5rem 0 0}
-h2{font-size:1.3rem;margin:2rem 0 .5rem;border-bottom:1px solid var(--line)}
-h3{font-size:1.05rem;margin:1.25rem 0 0}
-h1,h3,td,.long{white-space:pre-wrap}
-a{color:var(--link)}
-nav ul{display:flex;flex-wrap:wrap;gap:.25rem 1.25rem;list-style:none;margin:.5rem 0;padding:0}
-nav a{display:inline-block;padding:.25rem 0}
-.skip{position:absolute;left:-100rem}
-.skip:focus{position:static}
-:focus-visible{outline:3px solid var(--link);outline-offset:2px}
-.scroll{overflow-x:auto}
-.scroll svg{display:block;min-width:44rem;max-width:100%;height:auto}
-table{border-collapse:collapse;margin:.5rem 0;font-size:.9rem}
-caption{text-align:left;color:var(--muted);padding:.25rem 0}
-th,td{border:1px solid var(--line);padding:.25rem .6rem;text-align:left;vertical-align:top}
-.short,.number{white-space:pre}
-.long{min-width:18rem}
-.number{text-align:right}
-thead th{background:var(--band)}
-tbody th{font-weight:normal}
-h3,td,.scroll tbody th{font-family:'DejaVu Sans Mono',Menlo,Consolas,'Liberation Mono',monospace}
-td,.scroll tbody th{font-size:.85rem}
-.gap{color:var(--muted);font-style:italic}
-.overlap,.alarm{color:var(--alarm);font-weight:bold}
-@media print{
-:root{--ground:#ffffff;--text:#000000;--muted:#444444;--line:#999999;--band:#eeeeee;--link:#000000;
---alarm:#a00000}
-body{max-width:none;padding:0}
-nav,.skip{display:none}
-.scroll{overflow:visible}
-.scroll svg{min-width:0;width:100%}
-.long{min-width:10rem}
-.scroll thead th{white-space:normal}
-table,td,.scroll tbody th{font-size:.65rem}
-th,td{padding:.15rem .3rem}
-thead{display:table-header-group}
-tr,svg{break-inside:avoid}
-h2,h3,caption{break-after:avoid}
-}
-</style>
-)";
-
-constexpr const char* POLICY =
-    "default-src 'none'; style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'";
-
-/// A table with a heading for each column. The first cell of a row is its heading.
-struct Table {
-    struct Row {
-        std::vector<std::string> cells;
-        const char* style;
-    };
-
-    void add(std::vector<std::string> cells, const char* style = "") {
-        rows.push_back({std::move(cells), style});
-    }
-
-    const char* id;
-    const char* caption;
-    std::string alignment;  // one letter a column: 'l' for left-aligned, 'r' for right-aligned
-    std::vector<std::string> columns;
-    std::vector<Row> rows;
-};
-
-/// The class of a column: long texts wrap, so that they do not widen the table; short ones do not,
-/// so that a narrow window does not break them.
-const char* column_style(const Table& table, std::size_t column) {
-    constexpr std::size_t MAX_SHORT = 24;  // bytes
-    if (table.alignment[column] == 'r') {
-        return "number";
-    }
-    const bool is_short = std::all_of(
-        table.rows.begin(), table.rows.end(),
-        [column](const Table::Row& row) { return row.cells[column].size() <= MAX_SHORT; });
-    return is_short ? "short" : "long";
-}
 
 /// A value of the models as the text of a cell; empty if there is none.
 std::string value_text(const char* value) { return value; }
@@ -124,15 +35,24 @@ std::string value_text(std::monostate) { return ""; }
 /// Interfaces, each with the name of its memory if it has one.
 using Entries = std::vector<std::pair<std::string, const Interface*>>;
 
-class Page {
+constexpr HtmlPage::Link SECTIONS[] = {
+    {"#picture", "Picture"}, {"#map", "Address map"},     {"#memories", "Global memories"},
+    {"#kernel", "Kernel"},   {"#channels", "Channels"},   {"#flows", "Compile flows"},
+    {"#device", "Device"},   {"#target", "Target model"}, {"#files", "Files"},
+};
+
+class BoardPage {
 public:
-    explicit Page(const AnswerSources& sources) : m_sources(sources), m_spec(*sources.spec) {}
+    explicit BoardPage(const AnswerSources& sources)
+        : m_sources(sources),
+          m_spec(*sources.spec),
+          m_out("Board " + shortened(board_name_text(m_spec)), board_name_text(m_spec),
+                board_summary(m_spec) + ".", SECTIONS) {}
 
     std::string write();
 
 private:
-    void write_head();
-    void write_header();
+    void write_picture();
     void write_map();
     void write_memories();
     void write_interfaces(const char* id, const char* caption, const Entries& list);
@@ -143,147 +63,58 @@ private:
     void write_target();
     void write_files();
 
-    void open_section(const char* id, const char* heading);
-    void alarm(const char* text) { m_out.element("p", {{"class", "alarm"}}, text); }
-
-    /// A part of the page that scrolls by itself, with the keyboard as well.
-    void open_scroll(const char* label_id);
-    void write_table(const Table& table);
-
-    /// A table of names and values, and its rows.
-    void open_facts(const char* caption);
     template <typename Value>
-    void fact(const char* name, const Value& value);
-    void close_facts();
+    void fact(const char* name, const Value& value) {
+        m_out.fact(name, value_text(value));
+    }
 
     const AnswerSources& m_sources;
     const board::BoardSpec& m_spec;
-    Markup m_out;
+    HtmlPage m_out;
 };
 
-void Page::open_section(const char* id, const char* heading) {
-    m_out.open("section", {{"aria-labelledby", id}});
-    m_out.element("h2", {{"id", id}}, heading);
+void BoardPage::write_picture() {
+    m_out.open_section("picture", "Picture");
+    m_out.paragraph(
+        "The tables below are complete, even if the picture is summarized. In tables of "
+        "interfaces, an empty cell means none, 0 or no, and empty columns are left out.");
+    m_out.scrolling("picture", picture(m_sources));
+    m_out.close_section();
 }
 
-void Page::open_scroll(const char* label_id) {
-    m_out.open("div", {{"class", "scroll"},
-                       {"role", "region"},
-                       {"tabindex", "0"},
-                       {"aria-labelledby", label_id}});
-}
-
-void Page::write_table(const Table& table) {
-    open_scroll(table.id);
-    m_out.open("table");
-    m_out.element("caption", {{"id", table.id}}, table.caption);
-    m_out.open("thead");
-    m_out.open("tr");
-    std::vector<const char*> styles;
-    for (const std::string& column : table.columns) {
-        styles.push_back(column_style(table, styles.size()));
-        m_out.element("th", {{"scope", "col"}, {"class", styles.back()}}, column);
-    }
-    m_out.close();
-    m_out.close();
-    m_out.open("tbody");
-    for (const Table::Row& row : table.rows) {
-        m_out.open("tr", {{"class", row.style}});
-        m_out.element("th", {{"scope", "row"}, {"class", styles[0]}}, row.cells[0]);
-        for (std::size_t i = 1; i < row.cells.size(); ++i) {
-            m_out.element("td", {{"class", styles[i]}}, row.cells[i]);
-        }
-        m_out.close();
-    }
-    m_out.close();
-    m_out.close();
-    m_out.close();
-}
-
-void Page::open_facts(const char* caption) {
-    m_out.open("table");
-    m_out.element("caption", {}, caption);
-    m_out.open("tbody");
-}
-
-template <typename Value>
-void Page::fact(const char* name, const Value& value) {
-    m_out.open("tr");
-    m_out.element("th", {{"scope", "row"}}, name);
-    m_out.element("td", {}, value_text(value));
-    m_out.close();
-}
-
-void Page::close_facts() {
-    m_out.close();
-    m_out.close();
-}
-
-void Page::write_head() {
-    m_out.open("head");
-    m_out.empty("meta", {{"charset", "utf-8"}});
-    m_out.empty("meta", {{"http-equiv", "Content-Security-Policy"}, {"content", POLICY}});
-    m_out.empty("meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
-    m_out.empty("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
-    m_out.element("title", {}, "Board " + shortened(board_name_text(m_spec)));
-    m_out.constant(STYLE);
-    m_out.close();
-}
-
-void Page::write_header() {
-    constexpr std::pair<const char*, const char*> SECTIONS[] = {
-        {"#picture", "Picture"}, {"#map", "Address map"},     {"#memories", "Global memories"},
-        {"#kernel", "Kernel"},   {"#channels", "Channels"},   {"#flows", "Compile flows"},
-        {"#device", "Device"},   {"#target", "Target model"}, {"#files", "Files"},
-    };
-    m_out.element("a", {{"class", "skip"}, {"href", "#contents"}}, "Skip to the contents");
-    m_out.open("header");
-    m_out.element("h1", {}, board_name_text(m_spec));
-    m_out.element("p", {}, board_summary(m_spec) + ".");
-    m_out.open("nav", {{"aria-label", "Sections"}});
-    m_out.open("ul");
-    for (const auto& [target, name] : SECTIONS) {
-        m_out.open("li");
-        m_out.element("a", {{"href", target}}, name);
-        m_out.close();
-    }
-    m_out.close();
-    m_out.close();
-    m_out.close();
-}
-
-void Page::write_map() {
-    open_section("map", "Address map");
+void BoardPage::write_map() {
+    m_out.open_section("map", "Address map");
     if (board::has_overlapping_memories(m_spec.get_global_mem_configs())) {
-        alarm("Not a valid board: global memories overlap from their first to their last address.");
+        m_out.alarm(
+            "Not a valid board: global memories overlap from their first to their last address.");
     }
     constexpr std::pair<const char*, const char*> KINDS[] = {// and their styles
                                                              {"range", ""},
                                                              {"gap", "gap"},
                                                              {"overlap", "overlap"}};
-    Table table = {"map-table",
-                   "Addresses of the global memories, in ascending order",
-                   "lrlll",
-                   {"Addresses", "Size", "Kind", "Memory", "Interface"},
-                   {}};
+    HtmlTable table = {"map-table",
+                       "Addresses of the global memories, in ascending order",
+                       "lrlll",
+                       {"Addresses", "Size", "Kind", "Memory", "Interface"},
+                       {}};
     for (const AddressMapRow& range : address_map_rows(address_ranges(m_spec))) {
         const auto& [kind, style] = KINDS[range.kind];
         table.add({range_text(range.first, range.last), size_text(range.last - range.first + 1),
                    kind, range.memory, range.description},
                   style);
     }
-    write_table(table);
-    m_out.close();
+    m_out.table(table);
+    m_out.close_section();
 }
 
-void Page::write_memories() {
-    open_section("memories", "Global memories");
-    Table table = {"memories-table",
-                   "The first memory is the default",
-                   "llrrlll",
-                   {"Name", "Type", "Bandwidth", "Interleaving", "Configuration", "First address",
-                    "Last address"},
-                   {}};
+void BoardPage::write_memories() {
+    m_out.open_section("memories", "Global memories");
+    HtmlTable table = {"memories-table",
+                       "The first memory is the default",
+                       "llrrlll",
+                       {"Name", "Type", "Bandwidth", "Interleaving", "Configuration",
+                        "First address", "Last address"},
+                       {}};
     Entries interfaces;
     for (const GlobalMemConfig* memory : m_spec.get_global_mem_configs()) {
         const unsigned num_intfs = memory->get_num_intfs();
@@ -300,9 +131,9 @@ void Page::write_memories() {
             interfaces.emplace_back(name, intf);
         }
     }
-    write_table(table);
+    m_out.table(table);
     write_interfaces("memory-interfaces", "Interfaces of the global memories", interfaces);
-    m_out.close();
+    m_out.close_section();
 }
 
 std::string port_text(const board::Port& port) {
@@ -344,12 +175,12 @@ std::string attribute_text(const InterfaceAttribute& attribute, const Interface&
     return text == "0" || text == "no" ? "" : text;
 }
 
-void Page::write_interfaces(const char* id, const char* caption, const Entries& list) {
+void BoardPage::write_interfaces(const char* id, const char* caption, const Entries& list) {
     if (list.empty()) {
-        m_out.element("p", {}, std::string(caption) + ": none.");
+        m_out.paragraph(std::string(caption) + ": none.");
         return;
     }
-    Table table = {id, caption, "", {}, {}};
+    HtmlTable table = {id, caption, "", {}, {}};
     table.rows.resize(list.size(), {{}, ""});
     // Columns whose cells are all empty are left out.
     const auto add_column = [&table, &list](const char* name, char alignment, auto text_of) {
@@ -374,7 +205,7 @@ void Page::write_interfaces(const char* id, const char* caption, const Entries& 
             return attribute_text(attribute, intf);
         });
     }
-    write_table(table);
+    m_out.table(table);
 }
 
 Entries entries_of(const board::InterfaceList& list) {
@@ -385,38 +216,38 @@ Entries entries_of(const board::InterfaceList& list) {
     return entries;
 }
 
-void Page::write_kernel() {
+void BoardPage::write_kernel() {
     const board::HostConfig& host = m_spec.get_host_config();
     const board::InterfaceConfig& config = m_spec.get_interface_config();
     const board::KernelClkReset& signals = config.get_kernel_clk_reset();
-    open_section("kernel", "Kernel");
-    open_facts("Host window, clocks and reset");
+    m_out.open_section("kernel", "Kernel");
+    m_out.open_facts("Host window, clocks and reset");
     fact("Host's kernel window",
          window_text(host) + ", " + size_text(host.get_kernel_config_size()));
     fact("Kernel clock", signals.clk);
     fact("Clock of twice the rate", signals.clk2x);
     fact("Kernel reset", signals.reset);
-    close_facts();
+    m_out.close_facts();
     write_interfaces("kernel-interfaces", "Interfaces between board and kernel",
                      entries_of(config));
-    m_out.close();
+    m_out.close_section();
 }
 
-void Page::write_channels() {
-    open_section("channels", "Channels");
+void BoardPage::write_channels() {
+    m_out.open_section("channels", "Channels");
     write_interfaces(
         "channels-table", "Streaming channels, of which a streamsource leads to the kernel",
         m_spec.has_channel_config() ? entries_of(m_spec.get_channel_config()) : Entries());
-    m_out.close();
+    m_out.close_section();
 }
 
-void Page::write_flows() {
-    open_section("flows", "Compile flows");
+void BoardPage::write_flows() {
+    m_out.open_section("flows", "Compile flows");
     const char* caption = "Default flow, used where a command names none";
     for (const AnswerSources& sources : sources_of_flows(m_sources)) {
         const board::CompileConfig& flow = *sources.flow;
-        m_out.element("h3", {}, flow.name);
-        open_facts(caption);
+        m_out.subheading(flow.name);
+        m_out.open_facts(caption);
         caption = "Further flow";
         fact("Project", flow.project);
         fact("Revision", flow.revision);
@@ -429,20 +260,20 @@ void Page::write_flows() {
         fact("Auto-migration platform", flow.automigrate_type);
         fact("Fixes to include", flow.automigrate_include);
         fact("Fixes to exclude", flow.automigrate_exclude);
-        close_facts();
+        m_out.close_facts();
     }
-    m_out.close();
+    m_out.close_section();
 }
 
-void Page::write_device() {
+void BoardPage::write_device() {
     const dmodel::DeviceModel& dm = *m_sources.dm;
     const board::DeviceConfig& device = m_spec.get_device_config();
-    open_section("device", "Device");
-    Table table = {"resources-table",
-                   "Resources of the device, and those that the board's logic uses",
-                   "lrrr",
-                   {"Resource", "Used", "Available", "Share"},
-                   {}};
+    m_out.open_section("device", "Device");
+    HtmlTable table = {"resources-table",
+                       "Resources of the device, and those that the board's logic uses",
+                       "lrrr",
+                       {"Resource", "Used", "Available", "Share"},
+                       {}};
     for (const Resource& resource : RESOURCES) {
         const std::uint32_t used = device.get_used_resources().*resource.count;
         const std::uint32_t available = dm.get_resources().*resource.count;
@@ -450,19 +281,19 @@ void Page::write_device() {
             {resource.name, count_text(used), count_text(available), share_text(used, available)},
             used > available ? "alarm" : "");
     }
-    write_table(table);
-    open_facts("Clock frequencies");
+    m_out.table(table);
+    m_out.open_facts("Clock frequencies");
     fact("Expected fmax (MHz)", dm.get_expected_fmax());
     fact("Minimum fmax (MHz)", dm.get_min_fmax());
     fact("High fmax (MHz)", dm.get_high_fmax());
-    close_facts();
-    m_out.close();
+    m_out.close_facts();
+    m_out.close_section();
 }
 
-void Page::write_target() {
+void BoardPage::write_target() {
     const tmodel::TargetModel& tm = *m_sources.tm;
-    open_section("target", "Target model");
-    open_facts("Family");
+    m_out.open_section("target", "Target model");
+    m_out.open_facts("Family");
     const tmodel::FamilyModel& family = tm.get_family_model();
     std::string style_models;
     append_joined(style_models, tm.style_models,
@@ -477,11 +308,11 @@ void Page::write_target() {
     fact("ROM made of ALMs", family.alm_rom_name);
     fact("ALM delay (ps)", tm.get_delay_model().alm_delay_ps);
     fact("Routing delay (ps)", tm.get_delay_model().routing_delay_ps);
-    close_facts();
+    m_out.close_facts();
 
     const tmodel::LocalMemModel& local = tm.get_local_mem_model();
     const tmodel::LocalMemFmaxDegradationModel& loss = local.get_fmax_degradation_model();
-    open_facts("Local memory");
+    m_out.open_facts("Local memory");
     fact("Single-port block width (bits)", local.get_single_port_mem_block_width());
     fact("Single-port block depth", local.get_single_port_mem_block_depth());
     fact("Dual-port block width (bits)", local.get_dual_port_mem_block_width());
@@ -496,49 +327,36 @@ void Page::write_target() {
     fact("Fmax loss per coalescing width", loss.get_per_coalescing_width());
     fact("Fmax loss per log2 of banks", loss.get_per_log2_num_banks());
     fact("Fmax loss per port fan-in", loss.get_per_port_fanin());
-    close_facts();
+    m_out.close_facts();
 
     if (tm.has_global_interconnect_model()) {
         const tmodel::GlobalInterconnectModel& interconnect = tm.get_global_interconnect_model();
-        open_facts("Global interconnect");
+        m_out.open_facts("Global interconnect");
         fact("Data pipeline spacing", interconnect.get_arb2_data_pipe_spacing());
         fact("Data pipeline minimum depth", interconnect.get_arb2_data_pipe_min_depth());
         fact("Stall pipeline spacing", interconnect.get_arb2_stall_pipe_spacing());
         fact("Stall pipeline minimum depth", interconnect.get_arb2_stall_pipe_min_depth());
         fact("Pipeline stage at the output", interconnect.get_arb2_pipe_at_output());
         fact("Latency to add for tests", interconnect.get_arb2_test_add_latency());
-        close_facts();
+        m_out.close_facts();
     }
-    m_out.close();
+    m_out.close_section();
 }
 
-void Page::write_files() {
-    open_section("files", "Files");
-    Table table = {
+void BoardPage::write_files() {
+    m_out.open_section("files", "Files");
+    HtmlTable table = {
         "files-table", "The files of the board package", "lll", {"File", "Name", "Found at"}, {}};
     table.add({"Board", "", m_sources.files->board});
     table.add(
         {"Device model", m_spec.get_device_config().device_model, m_sources.dm_resolved_path});
     table.add({"Target model", m_sources.dm->target_model, m_sources.tm_resolved_path});
-    write_table(table);
-    m_out.close();
+    m_out.table(table);
+    m_out.close_section();
 }
 
-std::string Page::write() {
-    m_out.constant("<!DOCTYPE html>\n");
-    m_out.open("html", {{"lang", "en"}, {"xmlns", "http://www.w3.org/1999/xhtml"}});
-    write_head();
-    m_out.open("body");
-    write_header();
-    m_out.open("main", {{"id", "contents"}});
-    open_section("picture", "Picture");
-    m_out.element("p", {},
-                  "The tables below are complete, even if the picture is summarized. In tables of "
-                  "interfaces, an empty cell means none, 0 or no, and empty columns are left out.");
-    open_scroll("picture");
-    m_out.append(picture(m_sources));
-    m_out.close();
-    m_out.close();
+std::string BoardPage::write() {
+    write_picture();
     write_map();
     write_memories();
     write_kernel();
@@ -547,14 +365,11 @@ std::string Page::write() {
     write_device();
     write_target();
     write_files();
-    m_out.close();
-    m_out.close();
-    m_out.close();
-    return m_out.text();
+    return m_out.finish();
 }
 
 }  // namespace
 
-std::string html_dump(const AnswerSources& sources) { return Page(sources).write(); }
+std::string html_dump(const AnswerSources& sources) { return BoardPage(sources).write(); }
 
 }  // namespace vemo::dump
