@@ -41,6 +41,17 @@ bool is_in(char32_t code, ArrayView<Range> ranges) {
 
 bool is_hidden(char32_t code) { return is_in(code, HIDDEN) || (code & 0xfffeU) == 0xfffe; }
 
+/// Columns of a character that is not hidden.
+std::size_t width_of(char32_t code) {
+    if (code < COMBINING[0].first) {
+        return 1;  // as most do
+    }
+    if (is_in(code, WIDE)) {
+        return 2;
+    }
+    return is_in(code, COMBINING) ? 0 : 1;
+}
+
 /// Least code point that takes a sequence of this many bytes: shorter ones must not.
 constexpr char32_t LEAST[] = {0, 0, 0x80, 0x800, 0x10000};
 constexpr char32_t GREATEST = 0x10ffff;
@@ -125,14 +136,7 @@ std::string printable(std::string_view text) {
 std::size_t display_width(std::string_view text) {
     std::size_t width = 0;
     while (!text.empty()) {
-        const char32_t code = take_character(text).code;
-        if (code < COMBINING[0].first) {  // as most are
-            ++width;
-        } else if (is_in(code, WIDE)) {
-            width += 2;
-        } else if (!is_in(code, COMBINING)) {
-            ++width;
-        }
+        width += width_of(take_character(text).code);
     }
     return width;
 }
