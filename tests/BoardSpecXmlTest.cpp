@@ -127,14 +127,21 @@ TEST(BoardSpecXml, TracesEveryWalk) {
         void debug(const std::string& text) override { log += text; }
         std::string log;
     } loader(true, false);
-    delete loader.load_xml(BOARD_09.c_str());
-    const std::string log =
-        fill(loader.log, {{"[xml] entering ", "+"}, {"[xml] exiting ", "-"}, {"\n", " "}});
-    EXPECT_EQ(split(split(log, "+board/global_mem ").at(1), "-board/global_mem ")[0],
+    const auto trace_of_memory = [&loader](const std::string& board) {
+        loader.log.clear();
+        delete loader.load_xml(board.c_str());
+        const std::string log =
+            fill(loader.log, {{"[xml] entering ", "+"}, {"[xml] exiting ", "-"}, {"\n", " "}});
+        return split(split(log, "+board/global_mem ").at(1), "-board/global_mem ")[0];
+    };
+    EXPECT_EQ(trace_of_memory(BOARD_09),
               "+global_mem +global_mem/interface +interface +interface +interface/port "
               "+port +port/attribute -port/attribute -port +interface/port/attribute "
               "-interface/port/attribute -interface/port -interface +interface/port "
               "-interface/port -interface +global_mem/interface/port -global_mem/interface/port "
+              "-global_mem/interface -global_mem ");
+    EXPECT_EQ(trace_of_memory(BOARD_14),  // without elements for ports
+              "+global_mem +global_mem/interface +interface +interface -interface -interface "
               "-global_mem/interface -global_mem ");
 }
 
