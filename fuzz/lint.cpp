@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -108,15 +109,23 @@ void check_verdict(const PackageCheck& check, std::string reports) {
 
 /// Aborts if the findings as text have a line that only a file can have written: one that does not
 /// begin with the name of a file, a line number or blanks.
-void check_lines(const PackageCheck& check, const std::string& text) {
+void check_lines(const std::vector<Finding>& findings, const std::string& text) {
+    std::set<std::string> heads;
+    for (const Finding& finding : findings) {
+        heads.insert(vemo::printable(finding.location.file) + ":");
+        for (const vemo::lint::Note& note : finding.notes) {
+            if (note.location.line > 0) {
+                heads.insert(vemo::printable(note.location.file) + ":");
+            }
+        }
+    }
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        const auto begins_line = [&line](const PackageCheck::File& file) {
-            const std::string head = vemo::printable(file.path) + ":";
+        const auto begins_line = [&line](const std::string& head) {
             return line.compare(0, head.size(), head) == 0;
         };
         if (line.find_first_of(" 0123456789") != 0
-            && std::none_of(check.files().begin(), check.files().end(), begins_line)) {
+            && std::none_of(heads.begin(), heads.end(), begins_line)) {
             vemo::fuzz::fail("a line", line, text);
         }
     }
@@ -138,7 +147,7 @@ void write_output(const PackageCheck& check) {
     const json in_json = json::parse(vemo::lint::json_output(findings));
     const json in_sarif = json::parse(vemo::lint::sarif_output(findings, "/"));
     const std::string in_github = vemo::lint::github_output(findings);
-    check_lines(check, text);
+    check_lines(findings, text);
     vemo::fuzz::check_printable(text);
     vemo::fuzz::check_printable(in_github);
     const std::size_t counts[] = {
