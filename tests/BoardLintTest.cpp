@@ -82,6 +82,10 @@ TEST(BoardLint, NamesEachKindOfMistake) {
         {{{"</board>", "</board><boart/>"}}, "board_spec.xml:77:9 unexpected-element\n"},
         {{{"version=\"17.1\"", "version=\"1.1\""}}, "board_spec.xml:3:8 unsupported-version\n"},
         {{{"version=\"17.1\"", ""}}, "board_spec.xml:3:1 missing-attribute\n"},
+        {{{"version=\"17.1\"", "version=\"2\""},  // 14.1 is meant: the flows have no names
+          {"compile name=\"incremental\"", "compile"},
+          {"compile name=\"full\"", "compile"}},
+         "board_spec.xml:3:8 unsupported-version\n"},
         {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},
         {{{"pb3180.xml", "absent.xml"}}, "board_spec.xml:6:11 model-not-found\n"},
         {{{"<host>", "<global_mem name=\"new\" max_bandwidth=\"1\"/><host>"}},

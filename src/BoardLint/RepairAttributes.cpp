@@ -145,20 +145,18 @@ bool FileCheck::repair_value() {
     const auto try_value = [&](const std::string& value, const Test& test) {
         return attempt([&] { m_draft.write(elem, attribute, value); }, test);
     };
-    if (!m_draft.is_written(*elem, attribute)) {
-        std::vector<std::string> likely;
-        if (m_mistake.accepted.size() > 1 || m_mistake.rule == "unsupported-version"
-            || m_mistake.rule == "wrong-interface-type") {
-            likely = near_names(trimmed(text), m_mistake.accepted);
-        }
-        if (trimmed(text) != text) {
-            likely.insert(likely.begin(), trimmed(text));
-        }
-        for (const std::string& value : likely) {
-            if (try_value(value, is_about_another)) {
-                suggest(value);
-                return true;
-            }
+    std::vector<std::string> likely;
+    if (m_mistake.accepted.size() > 1 || m_mistake.rule == "unsupported-version"
+        || m_mistake.rule == "wrong-interface-type") {
+        likely = near_names(trimmed(text), m_mistake.accepted);
+    }
+    if (trimmed(text) != text) {
+        likely.insert(likely.begin(), trimmed(text));
+    }
+    for (const std::string& value : likely) {
+        if (try_value(value, is_about_another)) {
+            suggest(value);
+            return true;
         }
     }
     for (const std::string& value : values_for(*elem, attribute)) {
