@@ -2,6 +2,7 @@
 happens. Their programs and the recipes get answers, and fail when the tool does. All lists of
 commands are complete. With the argument mandoc, checks instead that the pages are well formed."""
 
+import collections
 import glob
 import os
 import re
@@ -37,6 +38,7 @@ LISTS = {  # the pattern of a command in each
     "completions/vemo-boardspec.bash": r"^    (\w+)$(?=[^)]*\n\)\n\n# Splits)",
     "completions/_vemo-boardspec": r"^    '(\w+):",
     "completions/vemo-boardspec.fish": r"^    (\w+)\\t",
+    "README.md": r"`(\w+)`(?=[^|\n]*\|[^|\n]*\|\n[^\0]*\n## See a board)",
 }
 
 
@@ -100,5 +102,10 @@ for recipe, done in [(f"make -f {RECIPES}/make/Makefile BOARD=$BOARD", "--output
 os.chdir("..")
 
 commands = re.findall(r"^(\w+)$", run(f"{TOOL} board_spec.xml '?'")[1], re.M)
+wrong = []
 for path, pattern in LISTS.items():
-    check(path, sorted(re.findall(pattern, read(f"{source}/{path}"), re.M)), commands)
+    listed = re.findall(pattern, read(f"{source}/{path}"), re.M)
+    known, found = map(collections.Counter, (commands, listed))
+    wrong += [f"{path} lacks {name}" for name in known - found]
+    wrong += [f"{path} lists {name}, once too often" for name in found - known]
+check("lists of commands", wrong, [])
