@@ -81,7 +81,7 @@ static std::string with(const Constant& constant, const std::string& text) {
 }
 
 TEST(TargetModelXml, ChecksRanges) {
-    EXPECT_EQ(find_constants().size(), 26u);
+    EXPECT_GE(find_constants().size(), 26u);
     for (const Constant& c : find_constants()) {
         SCOPED_TRACE(c.name);
         const auto expect_refused = [&c](const std::string& value, const std::string& range) {

@@ -40,7 +40,8 @@ def closed(part):
 
 def expect_valid(what, document):
     error = next(validator.iter_errors(document), None)
-    check(what, error and (list(error.absolute_path), error.message), None)
+    check(f"schema/board.schema.json, {what}",
+          error and (list(error.absolute_path), error.message), None)
 
 
 def expect_needed(document, place, name):
