@@ -139,7 +139,7 @@ void write_output(const PackageCheck& check) {
     }
     for (const Finding& finding : findings) {
         if (vemo::lint::find_rule(finding.id) == nullptr) {
-            vemo::fuzz::fail("a rule", finding.id, finding.message);
+            vemo::fuzz::fail("BoardLint/Rules.cpp", "no rule", finding.id + ": " + finding.message);
         }
     }
     using nlohmann::json;
