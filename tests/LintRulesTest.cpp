@@ -38,10 +38,13 @@ TEST(LintRules, AreInTheManual) {
     const std::string page = read_file(VEMO_SOURCE_DIR "/man/vemo-boardspec-lint.1");
     std::string entries;
     for (const Rule& rule : vemo::lint::rules()) {
-        entries += ".It Ic " + mdoc(rule.id) + " Pq " + severity_name(rule.severity) + "\n"
-                   + mdoc(rule.summary) + ".\n" + mdoc(rule.explanation) + "\n"
-                   + mdoc_example("Wrong:", rule.wrong) + mdoc_example("Right:", rule.right);
+        const std::string entry = ".It Ic " + mdoc(rule.id) + " Pq " + severity_name(rule.severity)
+                                  + "\n" + mdoc(rule.summary) + ".\n" + mdoc(rule.explanation)
+                                  + "\n" + mdoc_example("Wrong:", rule.wrong)
+                                  + mdoc_example("Right:", rule.right);
+        EXPECT_NE(page.find(entry), std::string::npos) << "the manual lacks this entry:\n" << entry;
+        entries += entry;
     }
-    EXPECT_NE(page.find(entries), std::string::npos) << "the rules of the manual should read:\n"
-                                                     << entries;
+    EXPECT_NE(page.find(entries), std::string::npos)
+        << "entries are missing or in another order than in Rules.cpp";
 }
