@@ -181,13 +181,15 @@ TEST(BoardLint, FindsAllMistakesInOneRun) {
     });
 }
 
-TEST(BoardLint, KeepsMisplacedSectionsAndTheirMistakes) {
+TEST(BoardLint, KeepsMisplacedElementsAndTheirMistakes) {
     const std::string host =
         "<host>\n    <kernel_config start=\"0x00000000\" size=\"0x00100000\"/>"
         "\n  </host>";
     expect_places({
         {{{host, ""}, {"<interfaces>", "<interfaces><host><kernel_config start=\"0\"/></host>"}},
          "board_spec.xml:67:15 unexpected-element\nboard_spec.xml:67:21 missing-attribute\n"},
+        {{{"<ffs num=\"98700\"/>", ""}, {"<used_resources>", "<ffs/><used_resources>"}},
+         "board_spec.xml:7:5 unexpected-element\nboard_spec.xml:7:5 missing-attribute\n"},
     });
 }
 
