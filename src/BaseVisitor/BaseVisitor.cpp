@@ -60,6 +60,18 @@ const char* example(const Number*) {
     return "1";
 }
 
+// How each type is read.
+
+Syntax syntax_of(const unsigned*) { return Syntax::Decimal; }
+Syntax syntax_of(const unsigned_hex*) { return Syntax::Prefixed; }
+Syntax syntax_of(const unsigned64_hex*) { return Syntax::Wide; }
+Syntax syntax_of(const float*) { return Syntax::Float; }
+Syntax syntax_of(const bool*) { return Syntax::Boolean; }
+template <typename Text>
+Syntax syntax_of(const Text*) {
+    return Syntax::Text;
+}
+
 }  // namespace
 
 BaseVisitor::BaseVisitor(VisitorCallbacks* callbacks, bool debug)
@@ -392,8 +404,11 @@ bool BaseVisitor::query_attribute(const XMLElement& elem, const FoundAttribute& 
         return report && required
                && report_missing_attr(elem, found.name, "", {nullptr, {example(value)}});
     }
-    return convert_attribute(*found.attribute, value)
-           || (report && report_attr_type_error(elem, found.name, "", {nullptr, {example(value)}}));
+    if (!convert_attribute(*found.attribute, value)) {
+        return report && report_attr_type_error(elem, found.name, "", {nullptr, {example(value)}});
+    }
+    hand_out_syntax(elem, found.name, syntax_of(value));
+    return true;
 }
 
 // The types of attribute that there are. (A type cannot be in parentheses.)

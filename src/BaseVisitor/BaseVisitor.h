@@ -209,6 +209,13 @@ protected:
     /// Number of elements entered and not left: 0 before the walk, 1 in the element it starts on.
     std::size_t depth() const { return m_elem_stack.size(); }
 
+    /// Tells the report sink, if there is one, how an attribute has been read.
+    void hand_out_syntax(const XMLElement& elem, const char* name, Syntax syntax) {
+        if (m_report_sink != nullptr && syntax != Syntax::Text) {
+            m_report_sink->read_number(elem, name, syntax);
+        }
+    }
+
     /// Passes an error on to the report sink, if there is one. `rule` counts unless the details
     /// name another.
     void hand_out(const char* rule, const XMLElement* elem, const std::string& attribute,

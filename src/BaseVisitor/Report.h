@@ -55,6 +55,17 @@ struct Report {
     std::vector<ElementPair> pairs;     ///< See ReportDetails.
 };
 
+/// How the text of an attribute is read.
+enum class Syntax {
+    Text,      ///< Not as a number.
+    Decimal,   ///< Decimal digits. 32 bits are kept.
+    Prefixed,  ///< Decimal, octal or hexadecimal digits by their prefix. 32 bits are kept.
+    Wide,      ///< The same, with 64 bits.
+    Float,     ///< A float, and anything after it.
+    Version,   ///< The same, of the C library.
+    Boolean,   ///< An integer, and anything after it, or a word.
+};
+
 /// Receives the errors of a walk as data, beside the finished texts that VisitorCallbacks receive.
 class ReportSink {
 public:
@@ -65,6 +76,9 @@ public:
 
     /// An element is about to be read.
     virtual void enter(const tinyxml2::XMLElement& elem) = 0;
+
+    /// A number has been read from the attribute `name`, a text that lives as long as the program.
+    virtual void read_number(const tinyxml2::XMLElement& elem, const char* name, Syntax syntax) = 0;
 };
 
 }  // namespace vemo::xml

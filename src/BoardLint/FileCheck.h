@@ -46,6 +46,9 @@ public:
     /// The model that was read, if the document loads.
     const Models& models() const { return m_outcome.models; }
 
+    /// The numbers of the document, if it loads.
+    const std::vector<ReadNumber>& numbers() const { return m_outcome.numbers; }
+
     /// The name of the model that a board or a device model refers to.
     Reference reference() const;
 

@@ -6,10 +6,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <string_view>
 
 #include "BaseVisitor/UnsignedNumber.h"
-#include "BoardLint/Elements.h"
 #include "BoardLint/FindingText.h"
 #include "BoardSpec/BoardSpec.h"
 
@@ -17,86 +15,10 @@ namespace vemo::lint {
 namespace {
 
 using tinyxml2::XMLAttribute;
-using tinyxml2::XMLElement;
 
 constexpr std::uint32_t GREATEST_32 = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t GREATEST_64 = std::numeric_limits<std::uint64_t>::max();
 constexpr const char* WHITESPACE = " \t\n\v\f\r";
-
-/// How a reader understands the text of an attribute.
-enum class Number {
-    Count,    // decimal, 32 bits
-    Window,   // by prefix, 32 bits
-    Address,  // by prefix, 64 bits, of which the low 32 are kept
-    Float,
-    Version,  // the leading number
-    Boolean,  // an integer or a word
-};
-
-struct NumberAttribute {
-    const char* name = nullptr;
-    Number number = Number::Count;
-    const char* only_in = nullptr;  // the element or its parent, where others have that name, too
-};
-
-// The first row that fits counts. Attributes that are not here are texts and words.
-constexpr NumberAttribute NUMBERS[] = {
-    {"num", Number::Count},
-    {"size", Number::Window, "kernel_config"},
-    {"size", Number::Address},
-    {"address", Number::Address},
-    {"width", Number::Count},
-    {"maxburst", Number::Count},
-    {"latency", Number::Count},
-    {"waitrequest", Number::Count},
-    {"waitrequest_allowance", Number::Count},
-    {"bsp_vnmm_write_ack", Number::Count},
-    {"addpipe", Number::Count},
-    {"misc", Number::Count},
-    {"sampling_rate", Number::Float},
-    {"attribute_width", Number::Count},
-    {"encoding", Number::Count},
-    {"max_bandwidth", Number::Float},
-    {"interleaved_bytes", Number::Address},
-    {"config_addr", Number::Address},
-    {"start", Number::Window},
-    {"generic_kernel", Number::Boolean},
-    {"version", Number::Version, "board"},
-    {"expected", Number::Float},
-    {"min", Number::Float},
-    {"high", Number::Float},
-    {"value", Number::Float, "fmax_degradation"},
-    {"value", Number::Float, "global_interconnect"},
-    {"value", Number::Count, "local_mem"},
-    {"value", Number::Count, "delay_model"},
-    {"value", Number::Count, "family_info"},
-};
-
-const NumberAttribute* find_number(const XMLElement& elem, const char* name) {
-    for (const NumberAttribute& row : NUMBERS) {
-        if (std::strcmp(row.name, name) == 0
-            && (row.only_in == nullptr || row.only_in == std::string_view(elem.Name())
-                || parent_name(elem) == row.only_in)) {
-            return &row;
-        }
-    }
-    return nullptr;
-}
-
-/// Whether no warning about numbers is possible: most texts, and most numbers.
-bool is_harmless(const char* text) {
-    const auto first = static_cast<unsigned char>(*text);
-    if (std::isdigit(first) == 0 && std::isspace(first) == 0
-        && std::strchr("+-.", first) == nullptr) {
-        return true;
-    }
-    constexpr std::size_t MAX_DIGITS = 9;
-    const bool is_hex = text[0] == '0' && text[1] == 'x';
-    const char* digits = is_hex ? text + 2 : text;
-    const std::size_t num_digits =
-        std::strspn(digits, is_hex ? "0123456789abcdefABCDEF" : "0123456789");
-    return digits[num_digits] == '\0' && num_digits + (is_hex ? 1 : 0) <= MAX_DIGITS;
-}
 
 /// A number that the XML library or the C library reads from the beginning of a text.
 struct Prefix {
@@ -166,42 +88,48 @@ std::optional<NumberWarning> check_rest(const char* name, const Prefix& prefix) 
                                                    + ": " + quoted(prefix.rest) + " is ignored."};
 }
 
-std::optional<NumberWarning> check_number(const char* name, const char* text, Number number) {
+}  // namespace
+
+bool is_harmless_number(const char* text) {
+    const auto first = static_cast<unsigned char>(*text);
+    if (std::isdigit(first) == 0 && std::isspace(first) == 0
+        && std::strchr("+-.", first) == nullptr) {
+        return true;
+    }
+    constexpr std::size_t MAX_DIGITS = 9;
+    const bool is_hex = text[0] == '0' && text[1] == 'x';
+    const char* digits = is_hex ? text + 2 : text;
+    const std::size_t num_digits =
+        std::strspn(digits, is_hex ? "0123456789abcdefABCDEF" : "0123456789");
+    return digits[num_digits] == '\0' && num_digits + (is_hex ? 1 : 0) <= MAX_DIGITS;
+}
+
+std::optional<NumberWarning> find_number_warning(const XMLAttribute& attribute,
+                                                 xml::Syntax syntax) {
+    const char* name = attribute.Name();
+    const char* text = attribute.Value();
     std::uint64_t count = 0;
     xml::unsigned64_hex address;
-    switch (number) {
-        case Number::Count:
-            if (xml::convert_to_unsigned64(text, &count, 10)) {
-                return check_count(name, count);
-            }
+    switch (syntax) {
+        case xml::Syntax::Text:
             break;
-        case Number::Window:
-            if (xml::convert_word(text, &address)) {
-                return check_count(name, address.value);
-            }
-            break;
-        case Number::Address:
-            if (xml::convert_word(text, &address)) {
-                return check_address(name, address.value);
-            }
-            break;
-        case Number::Float:
+        case xml::Syntax::Decimal:
+            xml::convert_to_unsigned64(text, &count, 10);
+            return check_count(name, count);
+        case xml::Syntax::Prefixed:
+            xml::convert_word(text, &address);
+            return check_count(name, address.value);
+        case xml::Syntax::Wide:
+            xml::convert_word(text, &address);
+            return check_address(name, address.value);
+        case xml::Syntax::Float:
             return check_rest(name, leading_float(text));
-        case Number::Version:
+        case xml::Syntax::Version:
             return check_rest(name, leading_version(text));
-        case Number::Boolean:
+        case xml::Syntax::Boolean:
             return check_rest(name, leading_boolean(text));
     }
     return std::nullopt;
-}
-
-}  // namespace
-
-std::optional<NumberWarning> find_number_warning(const XMLElement& elem,
-                                                 const XMLAttribute& attribute) {
-    const char* text = attribute.Value();
-    const NumberAttribute* row = is_harmless(text) ? nullptr : find_number(elem, attribute.Name());
-    return row == nullptr ? std::nullopt : check_number(attribute.Name(), text, row->number);
 }
 
 }  // namespace vemo::lint

@@ -5,6 +5,8 @@
 
 #include <tinyxml2.h>
 
+#include "BaseVisitor/Report.h"
+
 namespace vemo::lint {
 
 /// A number that loads, but is not used as it is written.
@@ -13,9 +15,12 @@ struct NumberWarning {
     std::string message;
 };
 
-/// What is wrong with the number in `attribute` of `elem`; nothing if it is used as it is written,
-/// or if the attribute is not a number. The file must load.
-std::optional<NumberWarning> find_number_warning(const tinyxml2::XMLElement& elem,
-                                                 const tinyxml2::XMLAttribute& attribute);
+/// False if there may be a warning about `text`. True for most texts and most numbers.
+bool is_harmless_number(const char* text);
+
+/// What is wrong with a number that has been read from `attribute`; nothing if it is used as it is
+/// written.
+std::optional<NumberWarning> find_number_warning(const tinyxml2::XMLAttribute& attribute,
+                                                 xml::Syntax syntax);
 
 }  // namespace vemo::lint

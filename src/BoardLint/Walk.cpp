@@ -80,7 +80,12 @@ public:
         ++m_num_entered;
     }
 
+    void read_number(const XMLElement& elem, const char* name, xml::Syntax syntax) override {
+        m_numbers.push_back({&elem, name, syntax});
+    }
+
     std::vector<Mistake> m_mistakes;
+    std::vector<ReadNumber> m_numbers;
     const XMLElement* m_last_entered = nullptr;
     std::size_t m_num_entered = 0;
 
@@ -163,6 +168,7 @@ Outcome read_with(const XMLDocument& doc, Owner Models::*model, Flags... flags) 
     outcome.num_entered = sink.m_num_entered;
     if (outcome.loads) {
         outcome.models.*model = std::move(owner);
+        outcome.numbers = std::move(sink.m_numbers);
         return outcome;
     }
     if (sink.m_mistakes.empty()) {

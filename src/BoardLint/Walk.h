@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <tinyxml2.h>
@@ -48,12 +49,20 @@ struct Mistake {
     }
 };
 
+/// An attribute that was read as a number.
+struct ReadNumber {
+    const tinyxml2::XMLElement* elem;
+    std::string_view attribute;
+    xml::Syntax syntax;
+};
+
 /// The outcome of reading a document.
 struct Outcome {
     bool loads = false;
-    Models models;                  ///< If it loads.
-    std::vector<Mistake> mistakes;  ///< If not: the first one, with what was found along with it.
-    std::size_t num_entered = 0;    ///< How many elements were read, some of them several times.
+    Models models;                    ///< If it loads.
+    std::vector<ReadNumber> numbers;  ///< If it loads: all its numbers, in the order of reading.
+    std::vector<Mistake> mistakes;    ///< If not: the first one, with what was found along with it.
+    std::size_t num_entered = 0;      ///< How many elements were read, some of them several times.
 };
 
 /// Reads a document as the tool does.

@@ -1,5 +1,6 @@
 #include "BoardLint/Warnings.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -112,11 +114,30 @@ private:
     void find_bad_numbers(const XMLElement& elem) {
         for (const XMLAttribute* attribute = elem.FirstAttribute(); attribute != nullptr;
              attribute = attribute->Next()) {
-            if (auto warning = find_number_warning(elem, *attribute)) {
+            if (is_harmless_number(attribute->Value())) {
+                continue;
+            }
+            if (auto warning = find_number_warning(*attribute, syntax_of(elem, *attribute))) {
                 m_id = warning->id;
                 warn(elem, attribute->Name(), std::move(warning->message));
             }
         }
+    }
+
+    /// How the attribute has been read. The numbers are sorted when the first is looked up: most
+    /// files have none that needs to be.
+    xml::Syntax syntax_of(const XMLElement& elem, const XMLAttribute& attribute) {
+        const auto is_before = [](const ReadNumber& a, const ReadNumber& b) {
+            return std::tie(a.elem, a.attribute) < std::tie(b.elem, b.attribute);
+        };
+        if (m_numbers.empty()) {
+            m_numbers = m_file.check->numbers();
+            std::sort(m_numbers.begin(), m_numbers.end(), is_before);
+        }
+        const ReadNumber wanted = {&elem, attribute.Name(), xml::Syntax::Text};
+        const auto found = std::lower_bound(m_numbers.begin(), m_numbers.end(), wanted, is_before);
+        return found == m_numbers.end() || is_before(wanted, *found) ? wanted.syntax
+                                                                     : found->syntax;
     }
 
     // ---- Resources ------------------------------------------------------------------------------
@@ -369,6 +390,7 @@ private:
     const char* m_id = nullptr;      // of the current row
     std::unordered_map<std::string_view, const XMLElement*> m_memories;  // by name, the first
     std::unordered_map<std::string_view, const XMLElement*> m_flows;     // by name, the last
+    std::vector<ReadNumber> m_numbers;  // sorted by element and name, or empty
     std::vector<Finding> m_findings;
 };
 

@@ -63,6 +63,7 @@ bool BoardVisitor::visit_board_elem(const XMLElement& elem) {
     }
     // As the C library reads it: "14.1x" is 14.1, and a NaN is "not less than" any version.
     const auto version = static_cast<float>(std::strtod(version_text, nullptr));
+    hand_out_syntax(elem, "version", vemo::xml::Syntax::Version);
     if (version != BoardSpec::Version_0_9 && version < BoardSpec::Version_14_1) {
         return report_attr_error(elem, "version", "Unsupported version string.",
                                  {"unsupported-version", {"17.0", "14.1", "0.9"}});
