@@ -88,6 +88,8 @@ TEST(BoardLint, NamesEachKindOfMistake) {
          "board_spec.xml:3:8 unsupported-version\n"},
         {{{"\"peltrab\"", "\"peltrax\""}}, "peltrab.xml:2:29 unknown-word peltraa\n"},
         {{{"pb3180.xml", "absent.xml"}}, "board_spec.xml:6:11 model-not-found\n"},
+        {{{"<host>", "<!-- > <host b=\"\"> --><host a=\"1\">"}},
+         "board_spec.xml:58:31 unknown-attribute\n"},
         {{{"<host>", "<global_mem name=\"new\" max_bandwidth=\"1\"/><host>"}},
          "board_spec.xml:58:3 missing-element\n"},
         // A width for the first interface cannot make the others the same.
@@ -101,6 +103,8 @@ TEST(BoardLint, NamesEachKindOfMistake) {
          "pb3180.xml:2:29 model-not-found\npeltrab.xml:2:29 unknown-word peltrab\n"},
         {{{"target_model=\"peltrab.xml\"", ""}, {"family=\"", "family=\"x"}},
          "pb3180.xml:2:1 missing-attribute\npeltrab.xml:2:29 unknown-word peltrab\n"},
+        {{{"device_model=\"pb3180.xml\"", ""}, {"expected=\"", "expected=\"x"}},  // there are two
+         "board_spec.xml:6:3 missing-attribute\n"},
         // A board, by its name.
         {{{"<board", "<device_model"}, {"</board>", "</device_model>"}},
          "board_spec.xml:3:1 unexpected-element\n"},
@@ -135,6 +139,10 @@ TEST(BoardLint, ShowsBothPlacesOfRulesOnTwoElements) {
          "board_spec.xml:47:16 memory-overlap\n",
          {{0, "this range is 0x7f800000-0x807fffff"},
           {40, "the other range is here: 0x40000000-0x7fffffff"}}},
+        // Between the two interfaces of DDR.
+        {{{"size=\"0x40000000\"", "size=\"0x1000\""}, {"0x80000000", "0x2000"}},
+         "board_spec.xml:47:16 memory-overlap\n",
+         {{0, "this range is 0x2000-0x1001fff"}, {38, "the other range is here: 0x0-0xfff"}}},
         {{{"\"lane1_in\"", "\"lane0_in\""}},
          "board_spec.xml:62:3 duplicate-channel-id\n",
          {{65, "this is 'lane0_in'"}, {63, "the other one is here"}}},
@@ -188,8 +196,14 @@ TEST(BoardLint, KeepsMisplacedElementsAndTheirMistakes) {
     expect_places({
         {{{host, ""}, {"<interfaces>", "<interfaces><host><kernel_config start=\"0\"/></host>"}},
          "board_spec.xml:67:15 unexpected-element\nboard_spec.xml:67:21 missing-attribute\n"},
+        {{{"</board>", ""}, {"<host>", "</board><host>"}, {"\"lane1_in\"", "\"lane0_in\""}},
+         "board_spec.xml:58:11 unexpected-element\nboard_spec.xml:62:3 unexpected-element\n"
+         "board_spec.xml:62:3 duplicate-channel-id\nboard_spec.xml:69:3 unexpected-element\n"},
         {{{"<ffs num=\"98700\"/>", ""}, {"<used_resources>", "<ffs/><used_resources>"}},
          "board_spec.xml:7:5 unexpected-element\nboard_spec.xml:7:5 missing-attribute\n"},
+        {{{"<ffs num=\"98700\"/>", ""}, {"<host>", "<host><ffs/>"}},
+         "board_spec.xml:7:5 missing-element\nboard_spec.xml:58:9 unexpected-element\n"
+         "board_spec.xml:58:9 missing-attribute\n"},
     });
 }
 

@@ -43,9 +43,12 @@ Address map:
 
 TEST_F(Dump, ShortensNamesThatStandInManyRows) {
     const std::string beginning(63, 'n');
-    dir.write("board_spec.xml", edit(BOARD, "\"QDR", "\"" + beginning + "\xc3\xa9nn"));
-    const std::string tables = edit(text(), "Board specification...AR\n", "");
-    EXPECT_EQ(split(tables, "  " + beginning + "...  ").size(), 4u) << tables;
+    for (const auto& [name, shown] : {std::pair(beginning + "n", beginning + "n"),
+                                      std::pair(beginning + "\xc3\xa9", beginning + "...")}) {
+        dir.write("board_spec.xml", edit(BOARD, "\"QDR", "\"" + name));
+        const std::string tables = edit(text(), "Board specification...AR\n", "");
+        EXPECT_EQ(split(tables, "  " + shown + "  ").size(), 4u) << tables;
+    }
 }
 
 TEST_F(Dump, TellsModelsInText) {

@@ -49,8 +49,11 @@ bool FileCheck::repair_unexpected_element() {
     }
     const tinyxml2::XMLNode* parent = elem->Parent();  // the document beside the root
     XMLElement* root = m_doc->RootElement();
+    const Moment start =
+        parent->ToElement() == nullptr ? Moment{root, false} : moment_before(*elem);
     if (parent != root && is_section(name)
-        && attempt([&] { m_draft.move(elem, root); }, is_accepted)) {
+        && attempt(
+            start, [&] { m_draft.move(elem, root); }, is_accepted)) {
         return true;
     }
     const std::vector<std::string> near = near_names(name, m_mistake.accepted);
