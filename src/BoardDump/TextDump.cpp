@@ -135,7 +135,7 @@ std::string text_dump(const AnswerSources& sources) {
     const board::BoardSpec& spec = *sources.spec;
     for (const board::GlobalMemConfig* memory : spec.get_global_mem_configs()) {
         if (memory->get_num_intfs() == 0) {
-            throw std::runtime_error("Global memory '" + memory_name_text(*memory)
+            throw std::runtime_error("Global memory '" + printable(memory_name_text(*memory))
                                      + "' has no interface.");
         }
     }
