@@ -60,10 +60,10 @@ enum class Syntax {
     Text,      ///< Not as a number.
     Decimal,   ///< Decimal digits. 32 bits are kept.
     Prefixed,  ///< Decimal, octal or hexadecimal digits by their prefix. 32 bits are kept.
-    Wide,      ///< The same, with 64 bits.
-    Float,     ///< A float, and anything after it.
-    Version,   ///< The same, of the C library.
-    Boolean,   ///< An integer, and anything after it, or a word.
+    Wide,      ///< The same with 64 bits.
+    Float,     ///< A float as sscanf reads it; the rest is ignored.
+    Version,   ///< A float as strtod reads it; the rest is ignored.
+    Boolean,   ///< An integer, the rest after which is ignored, or a word.
 };
 
 /// Receives the errors of a walk as data, beside the finished texts that VisitorCallbacks receive.
