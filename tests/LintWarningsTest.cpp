@@ -35,6 +35,9 @@ TEST(LintWarnings, PointAtWhatLoadsAndIsWrong) {
         // Resources: the note is about the other file.
         {"\"46200\"", "\"2147483748\"",
          "wrapping-alms 8:13+16 The number of ALMs is too large: 200 logic elements are used.\n"},
+        {"\"46200\"", "\"2147483647\"",
+         "too-many-resources 8:7+5 The board uses 4294967294 logic elements, more than the device "
+         "has: 636000.\n"},
         {"<dsps num=\"0\"/>", "<dsps num=\"1537\"/>",
          "too-many-resources 10:7+5 The board uses 1537 DSP blocks, more than the device has: "
          "1536.\n"},
@@ -54,6 +57,7 @@ TEST(LintWarnings, PointAtWhatLoadsAndIsWrong) {
         {"name=\"SRAM\"", "name=\"SRAM\" interleaved_bytes=\"64\"",
          "unused-interleaving 45:27+22 Attribute 'interleaved_bytes' has no effect on a memory "
          "with one interface.\n"},
+        {"name=\"SRAM\"", "name=\"SRAM\" interleaved_bytes=\"0\"", ""},
         // Flows.
         {"\"full\"", "\"incremental\"",
          "duplicate-flow 16:3+8 Compile flow 'incremental' is replaced by a later one of that "
@@ -90,11 +94,14 @@ TEST(LintWarnings, PointAtWhatLoadsAndIsWrong) {
 TEST(LintWarnings, KnowTheRulesOfOldFormats) {
     LintPackage package;
     package.change("=\"17.1", "=\"14.1");
+    package.change("</board>",
+                   R"(<compile project="" revision="" lomb_file="" generic_kernel="0"/></board>)");
     EXPECT_EQ(package.warnings(), fill(R"(ignored-name 16:12+18 The name 'incremental' is ignored: \
 before format 17.0, all compile flows have the name 'default'.
 duplicate-flow 16:3+8 Compile flow 'default' is replaced by a later one of that name.
 ignored-name 26:12+11 The name 'full' is ignored: \
 before format 17.0, all compile flows have the name 'default'.
+duplicate-flow 26:3+8 Compile flow 'default' is replaced by a later one of that name.
 )",
                                        {{"\\\n", ""}}));
 }
