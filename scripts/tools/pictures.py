@@ -1,5 +1,5 @@
-"""What the checks of pictures and pages share: boards that are hard to draw, and whether an image has
-anything in it."""
+"""What the checks of pictures and pages share: boards that are hard to draw, and whether an image
+has anything in it."""
 
 import os
 import re

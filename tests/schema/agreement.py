@@ -4,11 +4,11 @@
 usage: agreement.py TOOL xmllint|jing|trang
 
 Changes each document of tests/data in one place at a time, and loads the result with TOOL, which
-must report a mistake of that kind at that line, if any. The schemas must agree: to xmllint or jing, a
-document is valid exactly if it loads. DIFFERENCES says where they do not, and why. Before that, the
-unchanged documents and the examples must be valid and load. With trang, checks instead that the .rng
-files are what it makes of the .rnc files. Exits with status 77 where the program is not installed.
-"""
+must report a mistake of that kind at that line, if any. The schemas must agree: to xmllint or jing,
+a document is valid exactly if it loads. DIFFERENCES says where they do not, and why. Before that,
+the unchanged documents and the examples must be valid and load. With trang, checks instead that the
+.rng files are what it makes of the .rnc files. Exits with status 77 where the program is not
+installed."""
 
 import collections
 import concurrent.futures
@@ -349,7 +349,7 @@ def main():
             judge = {"xmllint": xmllint, "jing": jing}[program]
             wrong = [*compare_examples(tool, judge)] or [*compare_cases(tool, judge, cases)]
             if wrong:
-                wrong.append("Correct the schema, or give a reason in DIFFERENCES and docs/schemas.md")
+                wrong.append("Correct the schema, or explain it in DIFFERENCES and docs/schemas.md")
         os.chdir("/")
     print(*wrong, f"{program}: {len(cases)} cases", sep="\n")
     sys.exit(bool(wrong))

@@ -1,5 +1,5 @@
-"""An editor, which is the argument, finds in what the checker prints the faults that are there, with
-file, line, column and severity."""
+"""An editor, which is the argument, finds in what the checker prints the faults that are there,
+with file, line, column and severity."""
 
 import json
 import os

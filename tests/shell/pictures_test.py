@@ -1,6 +1,6 @@
-"""The pictures and pages of boards, those that are hard to draw included, as other programs see them:
-well-formed with the argument xmllint, drawn with rsvg-convert. Without an argument: the README shows
-the picture that the program draws."""
+"""The pictures and pages of boards, those that are hard to draw included, as other programs see
+them: well-formed with the argument xmllint, drawn with rsvg-convert. Without an argument: the
+README shows the picture that the program draws."""
 
 import os
 import shlex
