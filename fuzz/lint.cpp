@@ -108,7 +108,7 @@ void check_verdict(const PackageCheck& check, std::string reports) {
 }
 
 /// Aborts if the findings as text have a line that only a file can have written: one that does not
-/// begin with the name of a file, a line number or blanks.
+/// begin with the name of a file, a line number or spaces.
 void check_lines(const std::vector<Finding>& findings, const std::string& text) {
     std::set<std::string> heads;
     for (const Finding& finding : findings) {

@@ -306,7 +306,7 @@ TEST_F(Picture, HasThePlaceOfEverythingOnItsPage) {
     dir.write("tm.xml", edit(TARGET_MODEL, "<global_interconnect>...</global_interconnect>", ""));
     const auto least = joined(Document(dump(html_dump, BOARD_14)).texts({"td", "th", "p"}));
     EXPECT_EQ(least.find("pipeline"), std::string::npos);
-    EXPECT_EQ(least.find("|enable|"), std::string::npos);  // a column of blanks
+    EXPECT_EQ(least.find("|enable|"), std::string::npos);  // an empty column
     EXPECT_NE(least.find("to the kernel: none.|"), std::string::npos) << least;
     const auto clash = joined(
         Document(dump(html_dump, with_memories(overlapping_memories()))).texts({"td", "th", "p"}));

@@ -1,6 +1,6 @@
 """What the tests of this folder share. They are called with the path of the tool, that of the
 source tree and arguments of their own, run in a directory of their own, and end at the first check
-that fails. Paths may hold blanks and any letters: in shell commands stands the quoted TOOL."""
+that fails. Paths may contain spaces and any letters: shell commands use the quoted TOOL."""
 
 import os
 import shlex
